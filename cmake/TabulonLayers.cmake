@@ -1,0 +1,29 @@
+# How a layer of the house becomes a build target.
+#
+# tabulon_layer(NAME LINK a b PRIVATE_LINK c) makes a static library of every source below the current
+# folder. The folder itself is the layer's include root, handed on to those that link the layer: an
+# include can reach a lower layer and never a higher one.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+add_library(tabulon_flags INTERFACE)
+target_compile_options(tabulon_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast)
+if(TABULON_WARNINGS_AS_ERRORS)
+  target_compile_options(tabulon_flags INTERFACE -Werror)
+endif()
+if(TABULON_SANITIZE)
+  target_compile_options(tabulon_flags INTERFACE -fsanitize=${TABULON_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  target_link_options(tabulon_flags INTERFACE -fsanitize=${TABULON_SANITIZE})
+endif()
+
+function(tabulon_layer name)
+  cmake_parse_arguments(LAYER "" "" "LINK;PRIVATE_LINK" ${ARGN})
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  add_library(${name} STATIC ${sources})
+  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${LAYER_LINK} PRIVATE tabulon_flags ${LAYER_PRIVATE_LINK})
+endfunction()

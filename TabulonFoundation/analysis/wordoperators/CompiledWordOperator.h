@@ -1,0 +1,39 @@
+#pragma once
+
+// A word operator's template as an expression tree, in which calls of "_op1" and "_op2" stand for the
+// operands. The tree's slots belong to the evaluation that runs, so that it is evaluated by one thread
+// at a time.
+
+#include "runtime/Object.h"
+#include "runtime/Ref.h"
+
+namespace TBF {
+
+class EvaluationContext;
+class ExpressionNode;
+class ExpressionNodeEvaluator;
+class ExpressionTree;
+class Value;
+
+class CompiledWordOperator final : public Object<CompiledWordOperator> {
+public:
+    // `root` may be null: the operator then evaluates to nothing.
+    static Ref<CompiledWordOperator> create(Ref<ExpressionNode> root);
+
+    ExpressionNode* rootNode() const;
+
+    // Evaluates the template with the operands, either of which may be null, in a copy of `context`,
+    // whose error is handed on. Null when there is no value.
+    Ref<Value> execute(ExpressionNodeEvaluator& evaluator, EvaluationContext& context, Value* first,
+                       Value* second) const;
+
+private:
+    friend class Object<CompiledWordOperator>;
+
+    explicit CompiledWordOperator(Ref<ExpressionNode> root);
+    ~CompiledWordOperator() override;
+
+    Ref<ExpressionTree> tree;
+};
+
+} // namespace TBF

@@ -1,0 +1,18 @@
+#include "analysis/wordoperators/WordOperatorFunctionImpl.h"
+
+#include "eval/EvalMetadata.h"
+#include "eval/EvaluationContext.h"
+#include "numbers/Value.h"
+#include "runtime/TBFLog.h"
+
+namespace TBF {
+
+Ref<Value> WordOperatorFunctionImpl::execute(const FunctionCall& call, Ref<EvalMetadata>&) const {
+    if (index != 0 && index != 1) {
+        TBFErrorLog("Unexpected operand index %d", index);
+        return nullptr;
+    }
+    return call.context ? retain(call.context->operand(static_cast<std::size_t>(index))) : nullptr;
+}
+
+} // namespace TBF

@@ -1,0 +1,22 @@
+#include "analysis/wordoperators/WordOperatorList.h"
+
+namespace TBF {
+
+void WordOperatorList::add(Ref<WordOperator> op) {
+    if (!op) return;
+    Ref<String> word = TBF::retain(const_cast<String*>(&op->word()));
+    operators.insert_or_assign(std::move(word), std::move(op));
+}
+
+WordOperator* WordOperatorList::find(std::u16string_view word) const {
+    const auto found = operators.find(word);
+    if (found != operators.end()) return found->second.get();
+    return auxiliary ? auxiliary->find(word) : nullptr;
+}
+
+WordOperatorList& WordOperatorList::shared() {
+    static const Ref<WordOperatorList>& list = *new Ref<WordOperatorList>(create());
+    return *list;
+}
+
+} // namespace TBF

@@ -1,0 +1,53 @@
+#pragma once
+
+// A function that a line can call by name: a name with aliases, the least number of arguments, and an
+// implementation. Made and filled in on one thread while a function list is built, only read afterwards;
+// `execute` may then run on any thread that owns its arguments and its context.
+
+#include "eval/functions/FunctionImplementation.h"
+#include "runtime/Object.h"
+#include "runtime/Ref.h"
+#include "runtime/String.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace TBF {
+
+class Function final : public Object<Function> {
+public:
+    static Ref<Function> create(Ref<String> name, std::vector<Ref<String>> aliases = {},
+                                uint8_t argumentCount = 0);
+
+    String& name() const { return *functionName; }
+    String& lowercaseName() const { return *lowercase; }
+    const std::vector<Ref<String>>& aliases() const { return otherNames; }
+
+    // The least number of arguments; more are tolerated.
+    uint8_t argumentCount() const { return leastArguments; }
+    void setArgumentCount(uint8_t count) { leastArguments = count; }
+
+    // Destroys an earlier implementation.
+    void setImplementation(std::unique_ptr<FunctionImplementation> newImplementation);
+    TBFFunctionImplementationType implementationType() const;
+
+    // The function's value for the arguments of the call. Too few arguments, or one that is not-a-number,
+    // give not-a-number; null when there is no value, as after an error, which stands in the call's
+    // context. `metadata`, if not null, receives what the function gathered, or null.
+    Ref<Value> execute(const FunctionCall& call, Ref<EvalMetadata>* metadata) const;
+
+private:
+    friend class Object<Function>;
+
+    Function(Ref<String> name, std::vector<Ref<String>> aliases, uint8_t argumentCount);
+    ~Function() override = default;
+
+    Ref<String> functionName;
+    Ref<String> lowercase;
+    std::vector<Ref<String>> otherNames;
+    uint8_t leastArguments;
+    std::unique_ptr<FunctionImplementation> implementation;
+};
+
+} // namespace TBF

@@ -1,0 +1,63 @@
+#pragma once
+
+// Variables found by name or alias in any case, with a parent list behind. A document has a list of its
+// own, whose parents are the lists of the environment. Changed on the document's thread alone.
+
+#include "eval/variables/Variable.h"
+#include "runtime/CaseInsensitiveDictionary.h"
+
+#include <vector>
+
+namespace TBF {
+
+class ScopedVariable;
+
+class VariableList final : public Object<VariableList> {
+public:
+    struct Match {
+        Variable* variable = nullptr; // borrowed from the list
+        bool exactCase = false;       // the word equals the name, or alias, in every code unit
+        bool fromParent = false;
+    };
+
+    static Ref<VariableList> create() { return make<VariableList>(); }
+
+    void add(const Ref<Variable>& variable);
+    void remove(Variable& variable); // only if it is what stands under its name
+    void removeAll();
+    void setParentList(Ref<VariableList> list);
+
+    // A name beats an alias, and this list its parent, however the case fits.
+    Match find(const String& name, const String& lowercaseName, bool searchParents = true) const;
+    Match find(const String& name) const;
+
+    // The form in which a variable stands in an expression on the line of that index.
+    Ref<ScopedVariable> resolve(Variable& variable, int32_t scope) const;
+
+    int32_t countOfTopLevelVariables() const;
+    int32_t countOfVariables() const; // with those of all parents
+    std::vector<Variable*> topLevelVariables() const;
+
+    // The variables that every environment has: "pi".
+    static VariableList& standard();
+
+private:
+    friend class Object<VariableList>;
+    friend class Variable; // moves its entry on a change of name, and the alias entries
+
+    VariableList();
+    ~VariableList() override;
+
+    bool refusesName(const String& name) const;
+    void moveEntry(Variable& variable, String* oldName, String& newName);
+    void addAlias(Variable& variable, String& alias);
+    void removeAlias(String& alias);
+    void forget(Variable& variable);
+
+    // Each holds a reference to a variable for every key under which it stands.
+    Ref<CaseInsensitiveDictionary> variables;
+    Ref<CaseInsensitiveDictionary> aliases;
+    Ref<VariableList> parentList;
+};
+
+} // namespace TBF

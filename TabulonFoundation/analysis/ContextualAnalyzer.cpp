@@ -1,0 +1,95 @@
+#include "analysis/ContextualAnalyzer.h"
+
+#include "analysis/passes/AssignUnitRoles.h"
+#include "analysis/passes/BuildTree.h"
+#include "analysis/passes/CheckFactorials.h"
+#include "analysis/passes/CheckOperatorArguments.h"
+#include "analysis/passes/DemoteOrphanNumbers.h"
+#include "analysis/passes/Flatten.h"
+#include "analysis/passes/FreezeDeclaredWords.h"
+#include "analysis/passes/GroupBrackets.h"
+#include "analysis/passes/JoinAdjacentWords.h"
+#include "analysis/passes/JoinCompoundWords.h"
+#include "analysis/passes/JoinSpacedNumbers.h"
+#include "analysis/passes/PromoteHighPriorityOperators.h"
+#include "analysis/passes/RecognizeImportantWords.h"
+#include "analysis/passes/RecognizeWords.h"
+#include "eval/Settings.h"
+
+#include <iterator>
+#include <utility>
+
+namespace TBF {
+
+namespace {
+
+constexpr int32_t scopeOfLastValue = 2147483647;
+
+// Every pass relies on what those above it have done.
+constexpr ContextualAnalyzer::Pass passTable[] = {
+    {"build the tree", pass_build_tree, LineTraitAny},
+
+    // Numbers are whole before anything is asked of them.
+    {"pass_join_spaced_numbers", pass_join_spaced_numbers, LineTraitSeveralNumbers},
+    {"pass_group_brackets", pass_group_brackets, LineTraitBrackets},
+
+    // The language's own words come before all names, and a name being declared is none yet.
+    {"pre_pass_5a_recognize_important_word_types_crawler", pre_pass_5a_recognize_important_word_types_crawler,
+     LineTraitWords},
+    {"pass_freeze_declared_words", pass_freeze_declared_words, LineTraitEquals},
+    {"pass_recognize_words_crawler", pass_recognize_words_with_operators, LineTraitWords},
+
+    // With the names known, what is left is prose: its numbers don't count, its hyphens don't subtract.
+    {"pass_demote_orphan_numbers_crawler", pass_demote_orphan_numbers_crawler,
+     LineTraitSeveralNumbers | LineTraitWords},
+    {"pass_join_compound_words_crawler", pass_join_compound_words_crawler, LineTraitWords},
+
+    // Words that weren't joined have been looked up before, with the same outcome.
+    {"pass_recognize_words_crawler", pass_recognize_words_without_operators, LineTraitJoinedWords},
+
+    // Operators look at the units beside them, so units have their roles by then.
+    {"pass_assign_unit_roles_crawler", pass_assign_unit_roles_crawler, LineTraitUnits},
+    {"pass_check_operator_arguments_crawler", pass_check_operator_arguments_crawler,
+     LineTraitCheckedOperators},
+    {"pass_check_factorials_crawler", pass_check_factorials_crawler, LineTraitFactorials},
+    {"pass_promote_high_priority_operators", pass_promote_high_priority_operators,
+     LineTraitUnits | LineTraitConversions | LineTraitMarkedSigns},
+
+    // Operators that turned out to be words are prose too.
+    {"pass_assign_unit_roles_crawler", pass_assign_unit_roles_crawler, LineTraitUnits},
+    {"pass_demote_orphan_numbers_crawler", pass_demote_orphan_numbers_crawler,
+     LineTraitSeveralNumbers | LineTraitWords},
+    {"pass_join_compound_words_crawler", pass_join_compound_words_crawler, LineTraitWords},
+    {"pass_join_adjacent_words_crawler", pass_join_adjacent_words_crawler, LineTraitWords},
+    {"pass_flatten", pass_flatten, LineTraitAny},
+};
+static_assert(std::size(passTable) == 18);
+
+} // namespace
+
+Ref<ContextualAnalyzer> ContextualAnalyzer::create() {
+    return make<ContextualAnalyzer>();
+}
+
+void ContextualAnalyzer::setNamespace(Ref<Namespace> space) {
+    names = std::move(space);
+}
+
+std::span<const ContextualAnalyzer::Pass> ContextualAnalyzer::passes() {
+    return passTable;
+}
+
+std::vector<Ref<ExpressionToken>> ContextualAnalyzer::analyze(const TokenizedExpression& expression,
+                                                              int32_t lineIndex) const {
+    PassContext context{.input = expression.tokens()};
+    context.names = names.get();
+    const Settings& settings = Settings::current();
+    context.scope = settings.boolValue(TBFSettingAllowsVariableRedefinitions) ? lineIndex : scopeOfLastValue;
+    context.usesMatcher = settings.boolValue(TBFSettingUsesNewEvaluatorImpl);
+    for (const Pass& pass : passTable) {
+        if (pass.traits == LineTraitAny || context.has(pass.traits)) pass.run(context);
+    }
+    return std::move(context.output);
+}
+
+} // namespace TBF

@@ -1,0 +1,50 @@
+#pragma once
+
+// Decides what every token of a line means in its place: whether a word is a unit, a variable, a function or
+// text, whether a number counts, whether an operator has operands. It hangs the tokens of a line under a
+// tree, runs a fixed series of passes over it, and makes a new list of tokens of the outcome for the parser.
+// Cheap to make; holds nothing between two analyses. One thread at a time.
+
+#include "analysis/ExpressionToken.h"
+#include "analysis/Namespace.h"
+#include "analysis/TokenizedExpression.h"
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace TBF {
+
+struct PassContext;
+
+class ContextualAnalyzer final : public Object<ContextualAnalyzer> {
+public:
+    static Ref<ContextualAnalyzer> create();
+
+    // Null if no word is to mean anything.
+    void setNamespace(Ref<Namespace> space);
+
+    // New tokens; the given ones stay as they are. `lineIndex` is where variables are read if the settings
+    // allow to redefine them. Any tokens can be analyzed: what can't be placed is a word.
+    std::vector<Ref<ExpressionToken>> analyze(const TokenizedExpression& expression, int32_t lineIndex) const;
+
+    // One step of the analysis.
+    struct Pass {
+        const char* name;
+        void (*run)(PassContext& context);
+        uint32_t traits; // the pass can change nothing in a line that has none of these
+    };
+
+    // All steps, in the order in which they run.
+    static std::span<const Pass> passes();
+
+private:
+    friend class Object<ContextualAnalyzer>;
+
+    ContextualAnalyzer() = default;
+    ~ContextualAnalyzer() override = default;
+
+    Ref<Namespace> names;
+};
+
+} // namespace TBF

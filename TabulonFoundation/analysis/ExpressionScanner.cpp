@@ -1,0 +1,21 @@
+#include "analysis/ExpressionScanner.h"
+
+#include "analysis/ExpressionScannerImpl.h"
+
+namespace TBF {
+
+Ref<ExpressionScanner> ExpressionScanner::create() {
+    return create(kTBFLocaleDefault);
+}
+
+Ref<ExpressionScanner> ExpressionScanner::create(TBFLocale locale) {
+    return ExpressionScannerImpl::create(defaultWordBreakers(), locale);
+}
+
+const std::set<TBFChar>& defaultWordBreakers() {
+    static const auto& breakers =
+        *new std::set<TBFChar>{u':', u'@', u'"', u'^', u';', u'=', u'!', u'%', u'(', u')'};
+    return breakers;
+}
+
+} // namespace TBF

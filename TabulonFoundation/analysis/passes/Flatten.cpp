@@ -1,0 +1,56 @@
+#include "analysis/passes/Flatten.h"
+
+#include "analysis/BasicToken.h"
+
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+namespace TBF {
+
+namespace {
+
+// Null for a node without text, which only a token without text gives.
+Ref<ExpressionToken> tokenOf(EPExpressionTreeNode& node) {
+    Ref<ExpressionToken> token = node.createTokenOfText();
+    if (!token) return nullptr;
+    token->setType(node.type());
+    token->setSubType(node.representedSubType());
+    token->setActualSubType(node.subType());
+    const WordMeaning& meaning = node.meaning();
+    token->setUnitFraction(meaning.unitFraction.get());
+    token->setUnitContainer(meaning.unitContainer.get());
+    token->setAmbiguousUnit(meaning.ambiguousUnit.get());
+    token->setFunction(meaning.function.get());
+    token->setWordOperator(meaning.wordOperator.get());
+    token->setVariable(meaning.variable.get());
+    token->setUnitFormatType(meaning.unitNameFormat);
+    return token;
+}
+
+} // namespace
+
+void pass_flatten(PassContext& context) {
+    struct Position {
+        const EPExpressionTreeNode* group;
+        std::size_t next;
+    };
+    context.output.reserve(context.root().children().size());
+    std::vector<Position> path{{&context.root(), 0}};
+    while (!path.empty()) {
+        Position& here = path.back();
+        if (here.next == here.group->children().size()) {
+            path.pop_back();
+            continue;
+        }
+        EPExpressionTreeNode& node = *here.group->children()[here.next++];
+        if (node.is(TBFTokenTypeGroup)) {
+            path.push_back({&node, 0});
+        } else if (Ref<ExpressionToken> token = tokenOf(node)) {
+            context.output.push_back(std::move(token));
+        }
+    }
+    context.tree.reset();
+}
+
+} // namespace TBF

@@ -1,0 +1,12 @@
+#pragma once
+
+// The last pass of the analyzer: turns the tree back into a list of tokens, a new one for every node that is
+// no group, with the types and the meaning of the node. Brackets reappear in their places.
+
+#include "analysis/passes/PassContext.h"
+
+namespace TBF {
+
+void pass_flatten(PassContext& context);
+
+} // namespace TBF

@@ -1,0 +1,116 @@
+#include "analysis/ContextualAnalyzer.h"
+
+#include "TabulonFoundation/analysis/AnalysisVocabulary.h"
+#include "TabulonFoundation/analysis/TokenDump.h"
+#include "analysis/TBFContextualAnalyzer.h"
+#include "analysis/TBFTokenizedExpression.h"
+#include "units/TBFUnitTypes.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace TBFTests {
+
+TEST(ContextualAnalyzer, linesBecomeTokensWithAMeaning) {
+    const AnalysisRow rows[] = {
+        {"", ""},
+        {"Rent: 1,200 + 15% for 3 months",
+         "Comment(Rent:) Num(1,200) Op(+) Num(15) Percent(%) Word(for) Num(3) Word(months)"},
+        {"Flat 4 rent 900 // total", "Word(Flat) Word(4) Word(rent) Num(900) Comment(// total)"},
+        {"5 km in a box", "Num(5) Post(km) Word(in) Word(a) Word(box)"},
+        {"rate = 5 kg", "Word(rate) Eq(=) Num(5) Post(kg)"},
+        {"5) + 3", "Num(5) Br())"},
+        {"hello!", "Word(hello!)"},
+        {"2x 3", "Num(2) WordOp(x) Num(3)"},
+        {"the well-known 3-way 7", "Word(the) Word(well-known) Word(3-way) Num(7)"},
+        {"5 kg from 10", "Num(5) Post(kg) Word(from) Num(10)"},
+    };
+    for (const AnalysisRow& row : rows)
+        EXPECT_EQ(analyzed(row.line), row.tokens) << row.line;
+}
+
+TEST(ContextualAnalyzer, skippedStepsWouldHaveChangedNothing) {
+    const char* const parts[] = {" ",    " ",  " ", "5",    "0x1F", "km",   "m",   "2",      "$",
+                                 "(",    ")",  "+", "-",    "/",    "*",    "x",   "per",    "rate",
+                                 "!",    "e",  "^", "%",    "=",    "foo",  "min", "square", "meter",
+                                 "__uc", "\"", ";", "\x16", "sin",  "_not", "from"};
+    std::mt19937 random(20240611);
+    for (int round = 0; round < 2000; ++round) {
+        std::string line;
+        for (std::size_t length = random() % 12; length > 0; --length) {
+            line += parts[random() % std::size(parts)];
+        }
+        ASSERT_EQ(analyzedThroughStep(allSteps, line), analyzedThroughStep(allSteps, line, true))
+            << "round " << round << ": " << line;
+        ASSERT_EQ(analyzedThroughStep(allSteps, line), analyzed(line)) << line;
+    }
+}
+
+TEST(ContextualAnalyzer, theGivenTokensStayAsTheyAre) {
+    const auto tokens = tokensOf("5 km per h - x");
+    const std::string before = dump(tokens);
+    const auto analyzer = TBF::ContextualAnalyzer::create();
+    analyzer->setNamespace(vocabulary());
+    const auto analyzedTokens = analyzer->analyze(*TBF::TokenizedExpression::create(tokens), 0);
+    EXPECT_EQ(dump(tokens), before);
+    for (std::size_t index = 0; index < tokens.size(); ++index)
+        EXPECT_NE(tokens[index], analyzedTokens[index]);
+}
+
+TEST(ContextualAnalyzer, aJoinedTokenSpansItsGapsAndKnowsItsUnit) {
+    const auto analyzer = TBF::ContextualAnalyzer::create();
+    analyzer->setNamespace(vocabulary());
+    const auto tokens = analyzer->analyze(*TBF::TokenizedExpression::create(tokensOf("5 square  meter")), 0);
+    ASSERT_EQ(tokens.size(), 3u);
+    EXPECT_EQ(tokens[2]->range(), (TBFRange{2, 13}));
+    EXPECT_NE(tokens[2]->unitContainer(), nullptr);
+    EXPECT_EQ(tokens[2]->unitFormatType(), TBFUnitFormatTypeLongName);
+    const auto ambiguous = analyzer->analyze(*TBF::TokenizedExpression::create(tokensOf("5 M")), 0);
+    EXPECT_EQ(ambiguous[2]->unitContainer(), nullptr);
+    EXPECT_NE(ambiguous[2]->ambiguousUnit(), nullptr);
+}
+
+TEST(ContextualAnalyzer, withoutANamespaceWordsAreWords) {
+    const auto analyzer = TBF::adopt(TBFContextualAnalyzerCreate());
+    const auto expression = TBF::TokenizedExpression::create(tokensOf("5 km + 3!"));
+    std::vector<TBF::Ref<TBF::ExpressionToken>> tokens;
+    for (const auto token :
+         TBFContextualAnalyzerAnalyzeTokenizedExpression(analyzer.get(), expression.get(), 0)) {
+        tokens.push_back(TBF::adopt(token));
+    }
+    EXPECT_EQ(dump(tokens), "Num(5) Word(km) Op(+) Num(3) Fact(!)");
+    EXPECT_TRUE(TBFContextualAnalyzerAnalyzeTokenizedExpression(nullptr, expression.get(), 0).empty());
+}
+
+// Deep and long lines, each of which takes seconds or overflows if a step is recursive or quadratic.
+TEST(ContextualAnalyzer, hostileLinesEndSoon) {
+    const auto repeated = [](std::string_view part, std::size_t count) {
+        std::string line;
+        for (std::size_t index = 0; index < count; ++index)
+            line += part;
+        return line;
+    };
+    const std::string lines[] = {
+        repeated("(", 100000) + "5" + repeated(")", 100000),
+        repeated("(", 100000),
+        repeated("5 (", 50000),
+        repeated("per ", 100000),
+        repeated("5 x ", 100000),
+        repeated("_not ", 50000) + "5",
+        repeated("x _not ", 50000),
+        repeated("1 ", 100000),
+        repeated("kg ", 100000),
+        repeated("kg\x16", 100000),
+        repeated("a-", 100000) + "b",
+        repeated("a", 400000),
+        repeated("5!", 100000),
+        "5 ^" + repeated("-", 100000),
+        repeated("square ", 50000),
+        "square" + repeated("\x16", 100000) + "meter",
+    };
+    for (const std::string& line : lines)
+        EXPECT_FALSE(analyzed(line).empty());
+}
+
+} // namespace TBFTests

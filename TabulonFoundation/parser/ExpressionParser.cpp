@@ -1,0 +1,56 @@
+#include "parser/ExpressionParser.h"
+
+#include "analysis/ContextualAnalyzer.h"
+#include "analysis/Expression.h"
+#include "analysis/ExpressionTokenizer.h"
+#include "analysis/Namespace.h"
+#include "analysis/wordoperators/WordOperatorList.h"
+#include "eval/functions/FunctionList.h"
+#include "eval/variables/VariableList.h"
+#include "parser/ParsedExpression.h"
+#include "parser/ParserImpl.h"
+#include "units/UnitCollection.h"
+
+#include <utility>
+#include <vector>
+
+namespace TBF {
+
+Ref<ExpressionParser> ExpressionParser::create(Ref<FunctionList> functions, Ref<VariableList> variables,
+                                               Ref<WordOperatorList> wordOperators,
+                                               Ref<UnitCollection> units) {
+    return make<ExpressionParser>(std::move(functions), std::move(variables), std::move(wordOperators),
+                                  std::move(units));
+}
+
+ExpressionParser::ExpressionParser(Ref<FunctionList> functionList, Ref<VariableList> variableList,
+                                   Ref<WordOperatorList> wordOperatorList,
+                                   Ref<UnitCollection> unitCollection) noexcept
+    : functions(std::move(functionList))
+    , variables(std::move(variableList))
+    , wordOperators(std::move(wordOperatorList))
+    , units(std::move(unitCollection)) {}
+
+ExpressionParser::~ExpressionParser() = default;
+
+Ref<ParsedExpression> ExpressionParser::parse(Expression* expression) const {
+    if (!expression) return nullptr;
+    const auto tokenized = ExpressionTokenizer::create(kTBFLocaleDefault)->tokenize(expression);
+    return tokenized ? parse(*tokenized) : nullptr;
+}
+
+Ref<ParsedExpression> ExpressionParser::parse(const TokenizedExpression& tokenizedExpression) const {
+    const Ref<Namespace> names = Namespace::create();
+    names->setFunctionList(functions);
+    names->setVariableList(variables);
+    names->setWordOperatorList(wordOperators);
+    names->setUnitCollection(units);
+
+    const Ref<ContextualAnalyzer> analyzer = ContextualAnalyzer::create();
+    analyzer->setNamespace(names);
+    std::vector<Ref<ExpressionToken>> tokens = analyzer->analyze(tokenizedExpression, 0);
+    ParseResult result = parseExpressionTokens(tokens);
+    return ParsedExpression::create(std::move(tokens), std::move(result.tree));
+}
+
+} // namespace TBF

@@ -1,0 +1,120 @@
+#include "eval/Evaluator.h"
+
+#include "analysis/ContextualAnalyzer.h"
+#include "analysis/Expression.h"
+#include "analysis/ExpressionTokenizer.h"
+#include "analysis/Namespace.h"
+#include "analysis/wordoperators/WordOperatorList.h"
+#include "eval/EvalMetadata.h"
+#include "eval/EvaluationContext.h"
+#include "eval/ExpressionNodeEvaluator.h"
+#include "eval/functions/FunctionList.h"
+#include "eval/operations/DigitBudget.h"
+#include "eval/variables/VariableList.h"
+#include "numbers/Number.h"
+#include "numbers/TBFMAPMExtensions.h"
+#include "numbers/Value.h"
+#include "parser/ParsedExpression.h"
+#include "parser/Parser.h"
+#include "results/Result.h"
+#include "runtime/String.h"
+#include "runtime/TBFLog.h"
+#include "units/UnitCollection.h"
+#include "units/UnitFraction.h"
+
+#include <utility>
+#include <vector>
+
+namespace TBF {
+
+namespace {
+
+constexpr int shownDecimals = 100;
+
+Ref<Result> errorResult(TBFEvaluationError error) {
+    auto result = Result::create();
+    result->setErrorCode(TBFEvaluatorErrorCodeNonRecoverableParseError);
+    result->setEvaluationError(error);
+    return result;
+}
+
+Ref<Result> specialResult(TBFNumberSpecialType type) {
+    auto result = Result::create();
+    switch (type) {
+    case TBFNumberSpecialTypeNaN:
+        break;
+    case TBFNumberSpecialTypeInfinity:
+    case TBFNumberSpecialTypeNegativeInfinity:
+        result->setErrorCode(TBFEvaluatorErrorCodeDivideByZero);
+        break;
+    default:
+        TBFErrorLog("Unexpected special type %d", static_cast<int>(type));
+    }
+    return result;
+}
+
+} // namespace
+
+Ref<Result> createResult(const Value* value, const EvaluationContext& context) {
+    if (context.error() != TBFEvaluationErrorNone) return errorResult(context.error());
+    if (!value) return nullptr;
+    const Number& number = *value->number();
+    if (number.isSpecial()) return specialResult(number.specialType());
+    // What an operator computed fits; a number read from a long text may not.
+    if (!digitsFit(number.mapmRef())) return errorResult(TBFEvaluationErrorExponentTooLarge);
+
+    auto result = Result::create(TBF_mapm_to_fitted_string(number.mapmRef(), shownDecimals));
+    result->setUnitFraction(value->unitFraction());
+    if (number.isPercent()) result->setFlags(TBFResultFlagPercent);
+    if (const EvalMetadata* const metadata = context.unitAccumulator()) {
+        result->setUnitNameFormats(metadata->unitNameFormats());
+    }
+    return result;
+}
+
+Evaluator::Evaluator(UnitCollection* collection)
+    : units(retain(collection)) {}
+Evaluator::~Evaluator() = default;
+
+void Evaluator::setWordOperatorList(WordOperatorList* list) {
+    if (list) list->setAuxiliaryList(&WordOperatorList::shared());
+    wordOperators = list;
+}
+
+void Evaluator::setUnitCollection(UnitCollection* collection) {
+    units = retain(collection);
+}
+
+Ref<Result> Evaluator::evaluate(const String& text, int32_t scope) {
+    const auto names = Namespace::create();
+    names->setFunctionList(retain(functions));
+    names->setVariableList(retain(variables));
+    names->setUnitCollection(units);
+    names->setWordOperatorList(retain(wordOperators));
+    const auto analyzer = ContextualAnalyzer::create();
+    analyzer->setNamespace(names);
+
+    const auto expression = Expression::create(text.view());
+    const auto tokenized = ExpressionTokenizer::create(kTBFLocaleDefault)->tokenize(expression.get());
+    if (!tokenized) return nullptr;
+    return evaluate(std::span<const Ref<ExpressionToken>>(analyzer->analyze(*tokenized, scope)));
+}
+
+Ref<Result> Evaluator::evaluate(std::span<const Ref<ExpressionToken>> tokens) {
+    const Ref<ExpressionTree> tree = Parser::create()->parse(tokens);
+    return tree ? evaluate(*tree) : nullptr;
+}
+
+Ref<Result> Evaluator::evaluate(const ParsedExpression& expression) {
+    const ExpressionTree* const tree = expression.tree();
+    return tree ? evaluate(*tree) : nullptr;
+}
+
+Ref<Result> Evaluator::evaluate(const ExpressionTree& tree) {
+    const auto context = EvaluationContext::create(mode);
+    context->setContextInfo(info);
+    const auto value = ExpressionNodeEvaluator::create(units.get())->evaluate(tree, *context);
+    return createResult(value.get(), *context);
+}
+
+} // namespace TBF

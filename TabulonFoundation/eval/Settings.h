@@ -1,0 +1,39 @@
+#pragma once
+
+// The settings behind the plain functions of eval/TBFSettings.h: names with switches. Filled by the core
+// before the foundation starts, then only read, on any thread.
+
+#include "eval/TBFSettings.h"
+#include "runtime/Object.h"
+#include "runtime/Ref.h"
+
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace TBF {
+
+class Settings final : public Object<Settings> {
+public:
+    // With the defaults of all settings.
+    static Ref<Settings> create();
+
+    void setBool(std::string_view name, bool value);
+
+    // Throws std::out_of_range for an unknown name.
+    bool boolValue(std::string_view name) const;
+
+    // The settings of the process; the defaults as long as none were set. Setting them again ends the
+    // process.
+    static const Settings& current();
+    static void setCurrent(Ref<Settings> settings);
+
+private:
+    friend class Object<Settings>;
+    Settings();
+    ~Settings() override = default;
+
+    std::map<std::string, bool, std::less<>> values;
+};
+
+} // namespace TBF

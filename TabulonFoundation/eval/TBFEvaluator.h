@@ -1,0 +1,48 @@
+#pragma once
+
+// The plain functions of the evaluator front. Setters ignore a null evaluator, and evaluating with one gives
+// null. An evaluator is used by one thread.
+
+#include "runtime/Ref.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace TBF {
+class Evaluator;
+class ExpressionToken;
+class FunctionList;
+class ParsedExpression;
+class Result;
+class String;
+class UnitCollection;
+class VariableList;
+class WordOperatorList;
+} // namespace TBF
+using TBFEvaluatorRef = TBF::Evaluator*;
+
+// Create. The caller owns the evaluator, which isn't counted.
+TBFEvaluatorRef TBFEvaluatorCreate();
+TBFEvaluatorRef TBFEvaluatorCreate(TBF::UnitCollection* unitCollection);
+void TBFEvaluatorFree(TBFEvaluatorRef evaluator);
+
+// Set up. Lists and context information are borrowed, the unit collection is retained.
+void TBFEvaluatorSetIgnoresUndefinedTokens(TBFEvaluatorRef evaluator, bool ignores);
+bool TBFEvaluatorGetIgnoresUndefinedTokens(const TBF::Evaluator* evaluator);
+void TBFEvaluatorSetWordOperatorList(TBFEvaluatorRef evaluator, TBF::WordOperatorList* list);
+void TBFEvaluatorSetFunctionList(TBFEvaluatorRef evaluator, TBF::FunctionList* list);
+void TBFEvaluatorSetUnitCollection(TBFEvaluatorRef evaluator, TBF::UnitCollection* collection);
+void TBFEvaluatorSetVariableList(TBFEvaluatorRef evaluator, TBF::VariableList* list);
+void TBFEvaluatorSetTrigonometryMode(TBFEvaluatorRef evaluator, int32_t mode); // 1 degrees, 2 radians
+void TBFEvaluatorSetContextInfo(TBFEvaluatorRef evaluator, void* contextInfo);
+
+// Evaluate. The result is owned by the caller; null when there is nothing to evaluate. Of the scopes only
+// that of a string has an effect: variables are read as they stand at that line.
+TBF::Result* TBFEvaluatorEvaluateString(TBFEvaluatorRef evaluator, const TBF::String* string);
+TBF::Result* TBFEvaluatorEvaluateStringInScope(TBFEvaluatorRef evaluator, const TBF::String* string,
+                                               int32_t scope);
+TBF::Result* TBFEvaluatorEvaluateExpressionTokensInScope(
+    TBFEvaluatorRef evaluator, const std::vector<TBF::Ref<TBF::ExpressionToken>>& tokens, int32_t scope);
+TBF::Result* TBFEvaluatorEvaluateParsedExpressionInScope(TBFEvaluatorRef evaluator,
+                                                         const TBF::ParsedExpression* expression,
+                                                         int32_t scope);

@@ -1,0 +1,151 @@
+#include "eval/operations/OperandCoercion.h"
+
+#include "eval/operations/BoundedArithmetic.h"
+#include "numbers/KernelLock.h"
+#include "numbers/MAPMContext.h"
+#include "numbers/Value.h"
+#include "runtime/TBFLog.h"
+#include "units/UnitFractionBuilder.h"
+#include "units/UnitFractionSimplifier.h"
+
+#include <utility>
+
+namespace TBF {
+
+namespace {
+
+CoercedOperands refused(TBFEvaluationError error) {
+    CoercedOperands result;
+    result.error = error;
+    return result;
+}
+
+// A fraction's builder gives none when a degree leaves its 8 bits.
+CoercedOperands combined(CoercedOperands operands, Ref<UnitFraction> fraction) {
+    if (!fraction) return refused(TBFEvaluationErrorExponentTooLarge);
+    operands.fraction = std::move(fraction);
+    return operands;
+}
+
+Ref<UnitFraction> raised(UnitFraction* fraction, int32_t degree) {
+    const auto builder = UnitFractionBuilder::create();
+    builder->addUnit(fraction, degree);
+    return builder->unitFraction();
+}
+
+Ref<UnitFraction> combinedFraction(UnitFraction* left, UnitFraction* right, int32_t rightDegree) {
+    const auto builder = UnitFractionBuilder::create(left);
+    builder->addUnit(right, rightDegree);
+    return builder->unitFraction();
+}
+
+CoercedOperands withUnitOnLeft(TBFOperatorType operation, CoercedOperands operands, UnitFraction* fraction) {
+    if (operation != TBFOperatorTypePower) return combined(std::move(operands), retain(fraction));
+    const int32_t degree = operands.right->isSpecial() ? 0 : operands.right->int32Value();
+    constexpr int32_t bound = UnitFraction::maximalDegree + 1;
+    if (degree < -bound || degree > bound) return refused(TBFEvaluationErrorExponentTooLarge);
+    return combined(std::move(operands), raised(fraction, degree));
+}
+
+CoercedOperands withUnitOnRight(TBFOperatorType operation, CoercedOperands operands, UnitFraction* fraction) {
+    const bool inverts = operation == TBFOperatorTypeDivide;
+    return combined(std::move(operands), inverts ? raised(fraction, -1) : retain(fraction));
+}
+
+// The left side takes on the right side's units.
+CoercedOperands withCommonUnits(const OperationTools& tools, CoercedOperands operands, UnitFraction* left,
+                                UnitFraction* right) {
+    const TBFEvaluationError error =
+        convertDigitsInBaseTypes(tools, operands.left->mapmRef(), left, right, operands.fraction);
+    if (error != TBFEvaluationErrorNone) return refused(error);
+    operands.left = Number::create(tools.registers.r0(), TBFNumberTypeDecimal);
+    return operands;
+}
+
+} // namespace
+
+CoercedOperands coerceOperands(const OperationTools& tools, TBFOperatorType operation, const Value& left,
+                               const Value& right) {
+    UnitFraction* const f = left.unitFraction();
+    UnitFraction* const g = right.unitFraction();
+    CoercedOperands operands;
+    operands.left = retain(left.number());
+    operands.right = retain(right.number());
+    if (!f && !g) return operands;
+    if (!g) return withUnitOnLeft(operation, std::move(operands), f);
+    if (!f) return withUnitOnRight(operation, std::move(operands), g);
+    switch (operation) {
+    case TBFOperatorTypeDivide:
+        return combined(std::move(operands), combinedFraction(f, g, -1));
+    case TBFOperatorTypeMultiply:
+        return combined(std::move(operands), combinedFraction(f, g, 1));
+    case TBFOperatorTypeAdd:
+    case TBFOperatorTypeSubtract:
+        return withCommonUnits(tools, std::move(operands), f, g);
+    default:
+        TBFErrorLog("Unexpected operator type: %d", static_cast<int>(operation));
+        // No value, and no error either: the operation has nothing to work with.
+        return {};
+    }
+}
+
+TBFEvaluationError convertDigits(const OperationTools& tools, M_APM digits, UnitFraction* source,
+                                 UnitFraction* target) {
+    bool inverted = false;
+    if (!digits || !source || !target || !UnitFraction::typesCompare(*source, *target, inverted)) {
+        return TBFEvaluationErrorIncompatibleUnits;
+    }
+    const Ref<Number> sourceOffset = source->offset();
+    const Ref<Number> targetOffset = target->offset();
+    const M_APM sourceMultiplier = source->multiplier() ? source->multiplier() : MM_One;
+    const M_APM targetMultiplier = target->multiplier() ? target->multiplier() : MM_One;
+
+    const KernelLock lock;
+    const MAPMContext& r = tools.registers;
+    BoundedArithmetic arithmetic(r);
+    if (sourceOffset) {
+        arithmetic.add(r.r0(), digits, sourceOffset->mapmRef());
+        arithmetic.multiply(r.r1(), r.r0(), sourceMultiplier);
+    } else {
+        arithmetic.multiply(r.r1(), digits, sourceMultiplier);
+    }
+    if (inverted) {
+        arithmetic.divide(r.r0(), MM_One, r.r1());
+        m_apm_copy(r.r1(), r.r0());
+    }
+    arithmetic.divide(r.r0(), r.r1(), targetMultiplier);
+    if (targetOffset) {
+        arithmetic.subtract(r.r1(), r.r0(), targetOffset->mapmRef());
+        m_apm_copy(r.r0(), r.r1());
+    }
+    return arithmetic.error();
+}
+
+TBFEvaluationError convertDigitsInBaseTypes(const OperationTools& tools, M_APM digits, UnitFraction* source,
+                                            UnitFraction* target, Ref<UnitFraction>& targetInBaseTypes) {
+    if (!tools.simplifier) return TBFEvaluationErrorIncompatibleUnits;
+    const auto sourceInBaseTypes = tools.simplifier->createSimplifiedUnitFraction(source);
+    targetInBaseTypes = tools.simplifier->createSimplifiedUnitFraction(target);
+    if (!sourceInBaseTypes || !targetInBaseTypes) return TBFEvaluationErrorExponentTooLarge;
+    return convertDigits(tools, digits, sourceInBaseTypes.get(), targetInBaseTypes.get());
+}
+
+Ref<Value> valueInFraction(const OperationTools& tools, M_APM digits, TBFNumberType type,
+                           Ref<UnitFraction> fraction, TBFEvaluationError& error) {
+    if (!fraction || !fraction->hasExtraMultiplier()) {
+        return Value::create(Number::create(digits, type), std::move(fraction));
+    }
+    Ref<Number> number;
+    {
+        const KernelLock lock;
+        BoundedArithmetic arithmetic(tools.registers);
+        arithmetic.multiply(tools.registers.r0(), digits, fraction->extraMultiplier());
+        error = arithmetic.error();
+        if (!arithmetic.isFine()) return nullptr;
+        number = Number::create(tools.registers.r0(), type);
+    }
+    if (fraction->isScalar()) return Value::create(std::move(number));
+    return Value::create(std::move(number), fraction->copyWithRecomputedMultiplier());
+}
+
+} // namespace TBF

@@ -1,0 +1,53 @@
+#include "units/TBFUnitContainer.h"
+#include "units/UnitContainer.h"
+
+#include "TabulonFoundation/units/UnitVocabulary.h"
+
+#include <gtest/gtest.h>
+
+using TBF::adopt;
+
+TEST(UnitContainerTests, anAnonymousContainerHasNoNames) {
+    const auto container = adopt(TBFUnitContainerCreate());
+    for (int type = 0; type <= 5; ++type) {
+        EXPECT_FALSE(container->hasNameForType(static_cast<TBFUnitNameType>(type))) << type;
+    }
+    EXPECT_EQ(container->unitType(), TBFUnitTypeNone);
+    EXPECT_EQ(TBFUnitContainerGetScalarMAPM(container.get()), nullptr);
+}
+
+TEST(UnitContainerTests, namesAreFoundByTypeAndTypesByName) {
+    const auto container = adopt(TBFUnitContainerCreate(
+        "kilometre", {{TBFUnitNameTypeSingular, "kilometre"}, {TBFUnitNameTypeVeryShort, "km"}},
+        {{TBFUnitNameTypePlural, "klicks"},
+         {TBFUnitNameTypeSymbol, "km"},
+         {TBFUnitNameTypeSingular, "klick"}},
+        {"km"}));
+    EXPECT_EQ(container->nameForType(TBFUnitNameTypeIdentifier), "kilometre");
+    EXPECT_EQ(container->nameForType(TBFUnitNameTypeVeryShort), "km");
+    EXPECT_EQ(container->nameForType(TBFUnitNameTypePlural), "");
+    const std::pair<const char16_t*, int> cases[] = {
+        {u"kilometre", TBFUnitNameTypeSingular},
+        {u"klick", TBFUnitNameTypeSingular},
+        {u"klicks", TBFUnitNameTypePlural},
+        {u"km", TBFUnitNameTypeSymbol}, // the alias wins over the name
+        {u"KM", TBFUnitNameTypeNone},
+        {u"", TBFUnitNameTypeNone},
+    };
+    for (const auto& [name, type] : cases)
+        EXPECT_EQ(container->nameTypeForName(name), type);
+    EXPECT_TRUE(container->isNameCaseSensitive(u"km"));
+    EXPECT_FALSE(container->isNameCaseSensitive(u"KM"));
+    EXPECT_FALSE(container->isNameCaseSensitive(u"klick"));
+}
+
+TEST(UnitContainerTests, aliasesAreListedByTypeAndThenInOrderOfAddition) {
+    const auto container = adopt(TBFUnitContainerCreateWithNames(
+        u"x", std::nullopt, u"exes", std::nullopt, std::nullopt,
+        {{TBFUnitNameTypeSymbol, {u"c"}}, {TBFUnitNameTypeSingular, {u"b", u"a"}}}, {}));
+    std::u16string listed;
+    for (const auto& alias : container->aliases())
+        listed += alias.text->view();
+    EXPECT_EQ(listed, u"bac");
+    EXPECT_EQ(TBFUnitContainerGetNames(container.get()).size(), 1u);
+}

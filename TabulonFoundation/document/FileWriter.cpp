@@ -1,0 +1,171 @@
+#include "document/FileWriter.h"
+
+#include "document/AtomicFile.h"
+#include "runtime/TBFLog.h"
+#include "runtime/Unicode.h"
+
+#include <libxml/xmlwriter.h>
+
+#include <charconv>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <string_view>
+
+namespace TBF {
+
+namespace {
+
+struct BufferDeleter {
+    void operator()(xmlBuffer* buffer) const { xmlBufferFree(buffer); }
+};
+struct WriterDeleter {
+    void operator()(xmlTextWriter* writer) const { xmlFreeTextWriter(writer); }
+};
+
+const xmlChar* xmlText(const char* text) {
+    return reinterpret_cast<const xmlChar*>(text);
+}
+
+constexpr bool xmlCanHold(char16_t c) {
+    return c >= 0x20 ? c < 0xFFFE : c == u'\t' || c == u'\n' || c == u'\r';
+}
+
+std::string encoded(std::u16string_view text) {
+    std::u16string kept;
+    kept.reserve(text.size());
+    for (const char16_t c : text) {
+        if (xmlCanHold(c)) kept.push_back(c);
+    }
+    return utf8(kept);
+}
+
+// As "%g" writes it where the decimal point is ".".
+std::string textOf(double number) {
+    char text[32] = {};
+    std::to_chars(text, text + sizeof text - 1, number, std::chars_format::general, 6);
+    return text;
+}
+
+// The calls that make the layout of the file. A failed call leaves a buffer that can't be used, which
+// only happens without memory.
+class Layout {
+public:
+    explicit Layout(xmlTextWriter* textWriter)
+        : writer(textWriter) {}
+
+    void start(const char* name) { check(xmlTextWriterStartElement(writer, xmlText(name))); }
+    void end() { check(xmlTextWriterEndElement(writer)); }
+    void comment(const char* text) { check(xmlTextWriterWriteComment(writer, xmlText(text))); }
+    void emptyLine() { check(xmlTextWriterWriteString(writer, xmlText("\n"))); }
+
+    void element(const char* name, const std::string& text) {
+        check(xmlTextWriterWriteElement(writer, xmlText(name), xmlText(text.c_str())));
+    }
+
+    // Null is left out; an empty text is an empty element.
+    void textElement(const char* name, const String* text) {
+        if (text) element(name, encoded(text->view()));
+    }
+
+    void dictionary(const char* name, const FileDictionary& dictionary) {
+        start(name);
+        for (const auto& [key, value] : dictionary) {
+            start("item");
+            element("key", encoded(key->view()));
+            element("value", encoded(value->view()));
+            end();
+        }
+        end();
+    }
+
+    bool isComplete() const { return complete; }
+
+private:
+    void check(int result) { complete = complete && result >= 0; }
+
+    xmlTextWriter* writer; // owned by the caller, outlives the layout
+    bool complete = true;
+};
+
+void writeInfo(Layout& layout, const FileInfoNode& info) {
+    layout.comment(" General document info section ");
+    layout.start("info");
+    layout.element("version", textOf(info.version));
+    if (info.isEvaluationTest) layout.element("mode", "test");
+    layout.end();
+}
+
+void writeSettings(Layout& layout, const FileSettingsNode& settings) {
+    layout.comment("Document specific settings section ");
+    layout.start("settings");
+    if (settings.decimalPlaces != FileSettingsNode::decimalPlacesNotSet) {
+        layout.element("dp", std::to_string(settings.decimalPlaces));
+    }
+    if (settings.trigonometryMode != 0) {
+        layout.element("trig_mode", std::to_string(static_cast<int32_t>(settings.trigonometryMode)));
+    }
+    if (settings.decimalPoint != 0) layout.element("dp_char", encoded({&settings.decimalPoint, 1}));
+    if (settings.thousandsSeparator != 0)
+        layout.element("th_char", encoded({&settings.thousandsSeparator, 1}));
+    if (settings.miscellaneous) layout.dictionary("misc", *settings.miscellaneous);
+    layout.end();
+}
+
+void writeLines(Layout& layout, const FileLinesNode& lines) {
+    layout.comment(" Main body ");
+    layout.start("lines");
+    for (std::size_t i = 0; i < lines.count(); ++i) {
+        const FileLine& line = *lines.find(i);
+        layout.start("line");
+        layout.textElement("expression", line.expression.get());
+        layout.textElement("answer", line.answer.get());
+        layout.dictionary("formatting", line.formattingAttributes);
+        layout.end();
+    }
+    layout.end();
+}
+
+} // namespace
+
+std::optional<std::string> FileWriter::text() const {
+    const std::unique_ptr<xmlBuffer, BufferDeleter> buffer(xmlBufferCreate());
+    if (!buffer) return std::nullopt;
+    // Growing by doubling: documents may have any number of lines.
+    xmlBufferSetAllocationScheme(buffer.get(), XML_BUFFER_ALLOC_DOUBLEIT);
+    std::unique_ptr<xmlTextWriter, WriterDeleter> writer(xmlNewTextWriterMemory(buffer.get(), 0));
+    if (!writer || xmlTextWriterStartDocument(writer.get(), nullptr, "UTF-8", nullptr) < 0)
+        return std::nullopt;
+    xmlTextWriterSetIndent(writer.get(), 1);
+    xmlTextWriterSetIndentString(writer.get(), xmlText("\t"));
+
+    Layout layout(writer.get());
+    layout.start("data");
+    writeInfo(layout, infoNode ? *infoNode : FileInfoNode());
+    layout.emptyLine();
+    writeSettings(layout, settingsNode ? *settingsNode : FileSettingsNode());
+    layout.emptyLine();
+    writeLines(layout, linesNode ? *linesNode : FileLinesNode());
+    layout.end();
+    if (!layout.isComplete() || xmlTextWriterEndDocument(writer.get()) < 0) return std::nullopt;
+    writer.reset(); // flushes into the buffer
+    return std::string(reinterpret_cast<const char*>(xmlBufferContent(buffer.get())),
+                       static_cast<std::size_t>(xmlBufferLength(buffer.get())));
+}
+
+bool FileWriter::writeFile(const std::string& path) {
+    sentence.clear();
+    const std::optional<std::string> bytes = text();
+    if (!bytes) {
+        TBFErrorLog("Error creating buffer, writer and starting document");
+        sentence = "'" + path + "' can't be written: there is no memory.";
+        return false;
+    }
+    const int error = writeFileAtomically(path, *bytes);
+    if (error == 0) return true;
+    TBFErrorLog("TBFFileWriter: err: %d could not open file for writing at path: '%s'", error, path.c_str());
+    sentence = "'" + path + "' can't be written: " + std::strerror(error) + ".";
+    return false;
+}
+
+} // namespace TBF

@@ -1,0 +1,247 @@
+#include "document/FileReader.h"
+#include "document/FileWriter.h"
+#include "document/TBFFileReader.h"
+#include "runtime/TBFLog.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace {
+
+using testing::HasSubstr;
+
+const std::string declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+
+std::string document(const std::string& sections) {
+    return declaration + "<data>" + sections + "</data>";
+}
+
+std::string text(const TBF::Ref<TBF::String>& string) {
+    return string ? string->utf8() : "(null)";
+}
+
+std::string attributes(const TBF::FileDictionary& dictionary) {
+    std::string all;
+    for (const auto& [key, value] : dictionary)
+        all += key->utf8() + "=" + value->utf8() + ";";
+    return all;
+}
+
+// Reads a document that must be readable, and keeps its reader alive.
+class ReadDocument {
+public:
+    explicit ReadDocument(const std::string& sections)
+        : reader("test") {
+        EXPECT_TRUE(reader.readMemory(document(sections))) << reader.failureSentence();
+    }
+    TBF::FileReader* operator->() { return &reader; }
+    const TBF::FileLine& line(std::size_t index) { return *reader.lines()->find(index); }
+
+private:
+    TBF::FileReader reader;
+};
+
+TEST(FileReader, readsTheCurrentGeneration) {
+    ReadDocument read("<info><version>0.6</version></info>"
+                      "<settings><dp>3</dp><trig_mode>2</trig_mode><dp_char>,</dp_char><th_char> </th_char>"
+                      "<misc><item><value>v</value><key>k</key></item></misc></settings>"
+                      "<lines><line><expression>1 &lt; <![CDATA[2 & ]]>3</expression><answer>x</answer>"
+                      "<expected_ans>7</expected_ans><precision>4</precision>"
+                      "<formatting><item><key>a</key><value>1</value><key>b</key></item>"
+                      "<item><key>c</key></item><item><value>2</value><key>a</key></item></formatting></line>"
+                      "<!-- none --><other/><line/></lines>");
+    EXPECT_EQ(read->info()->version, 0.6);
+    EXPECT_FALSE(read->info()->isEvaluationTest);
+    EXPECT_EQ(read->settings()->decimalPlaces, 3u);
+    EXPECT_EQ(read->settings()->trigonometryMode, 2u);
+    EXPECT_EQ(read->settings()->decimalPoint, u',');
+    EXPECT_EQ(read->settings()->thousandsSeparator, u' ');
+    EXPECT_EQ(attributes(*read->settings()->miscellaneous), "k=v;");
+    ASSERT_EQ(read->lines()->count(), 2u);
+    EXPECT_EQ(text(read.line(0).expression), "1 < 2 & 3");
+    EXPECT_EQ(text(read.line(0).answer), "x");
+    EXPECT_EQ(text(read.line(0).expectedAnswer), "(null)");
+    EXPECT_EQ(attributes(read.line(0).formattingAttributes), "a=2;");
+    EXPECT_EQ(text(read.line(1).expression), "(null)");
+}
+
+TEST(FileReader, readsTheFirstGenerationUpToItsLastVersion) {
+    const std::string line = "<lines><line><expression>1</expression><precision>4</precision>"
+                             "<trig_mode>-1</trig_mode><formatting><item><key>a</key><value>1</value></item>"
+                             "</formatting></line></lines>";
+    const std::string info = "<info><version>0.5</version></info>";
+    for (const std::string& sections : {info + line, line + info, line}) {
+        ReadDocument read(sections);
+        EXPECT_EQ(attributes(read.line(0).formattingAttributes), "decimal_places=4;") << sections;
+    }
+    ReadDocument later("<info><version>0.51</version></info>" + line);
+    EXPECT_EQ(attributes(later.line(0).formattingAttributes), "a=1;");
+}
+
+TEST(FileReader, takesExpectedAnswersFromTestsOnly) {
+    const std::string lines =
+        "<lines><line><expected_ans>7</expected_ans><expected_unit>km</expected_unit></line>"
+        "</lines>";
+    ReadDocument isTest("<info><version>0.6</version><mode>test</mode></info>" + lines);
+    EXPECT_TRUE(isTest->info()->isEvaluationTest);
+    EXPECT_EQ(text(isTest.line(0).expectedAnswer), "7");
+    EXPECT_EQ(text(isTest.line(0).expectedUnit), "km");
+    ReadDocument isNoTest("<info><version>0.6</version><mode>Test</mode></info>" + lines);
+    EXPECT_FALSE(isNoTest->info()->isEvaluationTest);
+    EXPECT_EQ(text(isNoTest.line(0).expectedAnswer), "(null)");
+}
+
+TEST(FileReader, anElementWithoutTextIsAbsent) {
+    ReadDocument read(
+        "<info><version/></info><settings><dp/><trig_mode></trig_mode><dp_char>..</dp_char></settings>"
+        "<lines><line><expression></expression><precision/></line></lines>");
+    EXPECT_EQ(read->info()->version, 0.6);
+    EXPECT_EQ(read->settings()->decimalPlaces, TBF::FileSettingsNode::decimalPlacesNotSet);
+    EXPECT_EQ(read->settings()->decimalPoint, TBFCharNULL); // two characters are none
+    EXPECT_FALSE(read->settings()->miscellaneous);
+    EXPECT_EQ(text(read.line(0).expression), "(null)");
+    EXPECT_EQ(attributes(read.line(0).formattingAttributes), "");
+}
+
+TEST(FileReader, aDocumentMayBeEmpty) {
+    ReadDocument read("");
+    EXPECT_EQ(read->info(), nullptr);
+    EXPECT_EQ(read->lines(), nullptr);
+    EXPECT_EQ(TBFFileSettingsNodeGetTrigonometryMode(read->settings()), 1u);
+    EXPECT_EQ(TBFFileLinesNodeGetFileLineNumber(nullptr, 0), 0xFFFFFFFF);
+}
+
+TEST(FileReader, numbersTheLinesWhenAsked) {
+    const std::string sections = "<lines>\n<line>\n<expression>1</expression></line></lines>";
+    ReadDocument without(sections);
+    EXPECT_EQ(without.line(0).fileLineNumber, 0u);
+    TBFFileReaderInit();
+    ReadDocument with(sections);
+    EXPECT_EQ(with.line(0).fileLineNumber, 4u); // where the text behind the start of the element ends
+}
+
+TEST(FileReader, saysWhatIsWrongInOneSentence) {
+    TBFErrorLogSetEnabled(0);
+    const std::string good = document("<lines><line><expression>1 + 2</expression></line></lines>");
+    const struct {
+        std::string bytes;
+        TBF::FileReaderError error;
+        const char* sentence;
+    } rows[] = {
+        {"", TBF::FileReaderErrorWrongFormat, "is empty"},
+        {"1 + 2\n", TBF::FileReaderErrorWrongFormat, "doesn't begin with \"<?xml\""},
+        {"\xEF\xBB\xBF" + good, TBF::FileReaderErrorWrongFormat, "doesn't begin with"},
+        {"<?x", TBF::FileReaderErrorWrongFormat, "is cut off"},
+        {declaration, TBF::FileReaderErrorBadContent, "is cut off"},
+        {good.substr(0, good.size() - 4), TBF::FileReaderErrorBadContent, "is cut off"},
+        {good.substr(0, good.size() - 20), TBF::FileReaderErrorBadContent, "is cut off"},
+        {good.substr(0, 50), TBF::FileReaderErrorBadContent, "is cut off"},
+        {document("<lines></line>"), TBF::FileReaderErrorBadContent, "is not well-formed XML: "},
+        {document("\n\xC3("), TBF::FileReaderErrorBadContent, "is not valid UTF-8 (line 3)."},
+        {document("\x01"), TBF::FileReaderErrorBadContent, "is not well-formed XML: "},
+        {document("&what;"), TBF::FileReaderErrorBadContent, "is not well-formed XML: "},
+        {declaration + "<plist/>", TBF::FileReaderErrorBadContent,
+         "its root element is <plist> and not <data>."},
+    };
+    for (const auto& row : rows) {
+        TBF::FileReader reader("a.tabulon");
+        EXPECT_FALSE(reader.readMemory(row.bytes)) << row.bytes;
+        EXPECT_EQ(reader.error(), row.error) << row.bytes;
+        EXPECT_THAT(reader.failureSentence(), HasSubstr(row.sentence)) << row.bytes;
+        EXPECT_THAT(reader.failureSentence(), testing::StartsWith("'a.tabulon' ")) << row.bytes;
+        EXPECT_THAT(reader.failureSentence(), testing::Not(HasSubstr("\n"))) << row.bytes;
+        EXPECT_EQ(reader.lines(), nullptr);
+    }
+    TBFErrorLogSetEnabled(1);
+}
+
+TEST(FileReader, refusesWhatIsNoFile) {
+    TBF::FileReader missing("/nowhere/at all");
+    EXPECT_FALSE(missing.readFile());
+    EXPECT_EQ(missing.error(), TBF::FileReaderErrorCannotRead);
+    EXPECT_EQ(missing.failureSentence(), "'/nowhere/at all' doesn't exist.");
+    TBF::FileReader folder(testing::TempDir());
+    EXPECT_FALSE(folder.readFile());
+    EXPECT_EQ(folder.error(), TBF::FileReaderErrorCannotRead);
+    EXPECT_THAT(folder.failureSentence(), HasSubstr("is a folder"));
+    int32_t error = 0;
+    const TBFFileReaderRef reader = TBFFileReaderCreate("/dev/zero");
+    EXPECT_FALSE(TBFFileReaderReadFile(reader, &error));
+    EXPECT_EQ(error, TBF::FileReaderErrorWrongFormat);
+    TBFFileReaderFree(reader);
+}
+
+std::string repeated(const std::string& text, int count) {
+    std::string all;
+    for (int i = 0; i < count; ++i)
+        all += text;
+    return all;
+}
+
+// None of these may take time or memory that grows faster than the file, or touch another file.
+TEST(FileReader, survivesHostileFiles) {
+    const std::string secret = testing::TempDir() + "tabulon-secret.txt";
+    std::ofstream(secret) << "secret";
+    std::string bomb = declaration + "<!DOCTYPE data [<!ENTITY a0 \"aaaaaaaaaa\">";
+    for (int i = 1; i < 30; ++i) {
+        const std::string previous = "&a" + std::to_string(i - 1) + ";";
+        bomb += "<!ENTITY a" + std::to_string(i) + " \"" + repeated(previous, 10) + "\">";
+    }
+    bomb += "]><data><lines><line><expression>&a29;</expression></line></lines></data>";
+    std::string parameterBomb = declaration + "<!DOCTYPE data [<!ENTITY % p0 \"<!ENTITY x 'y'>\">";
+    for (int i = 1; i < 30; ++i) {
+        parameterBomb += "<!ENTITY % p" + std::to_string(i) + " \"" +
+                         repeated("&#37;p" + std::to_string(i - 1) + ";", 10) + "\">";
+    }
+    parameterBomb += "%p29;]><data/>";
+    const std::string expression = "<data><lines><line><expression>&x;</expression></line></lines></data>";
+    const struct {
+        std::string bytes;
+        const char* sentence;
+    } rows[] = {
+        {bomb, "declares XML entities"},
+        {parameterBomb, "declares XML entities"},
+        {declaration + "<!DOCTYPE data [<!ENTITY x SYSTEM \"file://" + secret + "\">]>" + expression,
+         "declares XML entities"},
+        {declaration + "<!DOCTYPE data [<!ENTITY % x SYSTEM \"http://localhost:1/x\"> %x;]>" + expression,
+         "declares XML entities"},
+        {document(repeated("<lines>", 100'000)), "is not well-formed XML: "},
+        {declaration + repeated("<", 1'000'000), "is not well-formed XML: "},
+    };
+    for (const auto& row : rows) {
+        TBF::FileReader reader("hostile");
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_FALSE(reader.readMemory(row.bytes));
+        EXPECT_THAT(reader.failureSentence(), HasSubstr(row.sentence));
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+        EXPECT_LE(reader.errorMessage().size(), 1023u);
+    }
+}
+
+TEST(FileReader, fetchesNoExternalDefinitions) {
+    TBF::FileReader reader("x");
+    EXPECT_TRUE(reader.readMemory(declaration +
+                                  "<!DOCTYPE data SYSTEM \"http://localhost:1/data.dtd\">"
+                                  "<data><lines><line><expression>1</expression></line></lines></data>"))
+        << reader.failureSentence();
+    EXPECT_EQ(reader.lines()->count(), 1u);
+}
+
+TEST(FileReader, readsLongLinesAndManyItems) {
+    const std::string expression(1'000'000, '7');
+    std::string items;
+    for (int i = 0; i < 100'000; ++i) {
+        items += "<item><key>k" + std::to_string(i) + "</key><value>v</value></item>";
+    }
+    ReadDocument read("<settings><misc>" + items + "</misc></settings><lines><line><expression>" +
+                      expression + "</expression></line></lines>");
+    EXPECT_EQ(read.line(0).expression->view().size(), expression.size());
+    EXPECT_EQ(read->settings()->miscellaneous->count(), 100'000u);
+}
+
+} // namespace

@@ -8,9 +8,9 @@ namespace {
 // Products of columns are summed in 128 bits before they are reduced: 16 of them and a carry stay below
 // 2^124.
 constexpr std::size_t kColumnTerms = 16;
-// Lengths where the next algorithm overtakes, measured by bench_kernel. No digit depends on them.
+// Lengths where the next algorithm overtakes, by measurement. No digit depends on them.
 constexpr std::size_t kKaratsubaLimbs = 40;
-constexpr std::size_t kTransformLimbs = 360;
+constexpr std::size_t kTransformLimbs = 512;
 
 Wide columnSum(const Limb* a, std::size_t na, const Limb* b, std::size_t nb, std::size_t column) {
     std::size_t i = column < nb ? 0 : column - nb + 1;

@@ -170,7 +170,8 @@ int m_apm_is_odd(M_APM_const x);
 int m_apm_is_odd_mt(M_APM_const x);
 
 // Operations with a precision. A result has at most `places` + 1 significant digits, rounded half away from
-// zero; m_apm_divide tells where it differs. Angles are in radians.
+// zero; m_apm_divide tells where it differs. Angles are in radians; beyond
+// 10^100000 an angle counts as a number of whole turns. Negative `places` count as 0 but in m_apm_round.
 
 void m_apm_round(M_APM r, int places, M_APM_const a);
 void m_apm_round_mt(M_APM r, int places, M_APM_const a);

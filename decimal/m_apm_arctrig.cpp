@@ -16,10 +16,6 @@ constexpr std::int64_t kStepGain = 16;
 // Arguments below 10^-4 go by the series alone.
 constexpr std::int64_t kSeriesExponent = -3;
 
-std::int64_t digitsFor(int places) {
-    return std::int64_t{places} + 1;
-}
-
 // r = pi x `halves` / 2 to `digits` digits and some more.
 void multipleOfHalfPi(M_APM r, std::int64_t digits, Limb halves) {
     M_check_PI_places(digits + kGuardDigits);
@@ -117,13 +113,13 @@ void M_arctan(M_APM r, std::int64_t digits, M_APM_const a) {
 
 void m_apm_arctan(M_APM r, int places, M_APM_const a) {
     ScratchValue result;
-    M_arctan(result, digitsFor(places), a);
+    M_arctan(result, M_digits_for(places), a);
     m_apm_round(r, places, result);
 }
 
 void m_apm_arcsin(M_APM r, int places, M_APM_const a) {
     if (isOutOfRange(r, a, "'m_apm_arcsin', |Argument| > 1")) return;
-    const std::int64_t digits = digitsFor(places);
+    const std::int64_t digits = M_digits_for(places);
     const int sign = a->sign;
     ScratchValue result;
     ScratchValue ratio;
@@ -143,7 +139,7 @@ void m_apm_arcsin(M_APM r, int places, M_APM_const a) {
 
 void m_apm_arccos(M_APM r, int places, M_APM_const a) {
     if (isOutOfRange(r, a, "'m_apm_arccos', |Argument| > 1")) return;
-    const std::int64_t digits = digitsFor(places);
+    const std::int64_t digits = M_digits_for(places);
     ScratchValue result;
     ScratchValue ratio;
     if (M_compare_magnitude(a, MM_One) == 0) {
@@ -162,7 +158,7 @@ void m_apm_arccos(M_APM r, int places, M_APM_const a) {
 }
 
 void m_apm_arctan2(M_APM r, int places, M_APM_const y, M_APM_const x) {
-    const std::int64_t digits = digitsFor(places);
+    const std::int64_t digits = M_digits_for(places);
     if (x->sign == 0 && y->sign == 0) {
         M_apm_log_error_msg(false, "'m_apm_arctan2', Both Inputs = 0");
         M_set_to_zero(r);

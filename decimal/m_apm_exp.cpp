@@ -4,7 +4,9 @@
 #include "fixed.h"
 #include "transcendental.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 using namespace mapm;
 
@@ -16,7 +18,7 @@ Limb exponentialDivisor(Limb k) {
     return k;
 }
 
-// Halvings that balance squarings against terms of the series; measured.
+// Halvings that balance squarings against terms of the series, by the estimate of their costs.
 int halvingsFor(std::int64_t digits) {
     return 12 + static_cast<int>(1.2 * std::sqrt(static_cast<double>(digits) / kLimbDigits));
 }
@@ -92,7 +94,7 @@ bool M_exp(M_APM r, std::int64_t digits, M_APM_const a) {
 
 void m_apm_exp(M_APM r, int places, M_APM_const a) {
     ScratchValue result;
-    if (!M_exp(result, std::int64_t{places} + 1, a)) {
+    if (!M_exp(result, M_digits_for(places), a)) {
         M_apm_log_error_msg(false, "'m_apm_exp', Input too large, Overflow");
         M_set_to_zero(r);
         return;

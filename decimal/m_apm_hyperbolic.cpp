@@ -10,10 +10,6 @@ using namespace mapm;
 
 namespace {
 
-std::int64_t digitsFor(int places) {
-    return std::int64_t{places} + 1;
-}
-
 // Digits lost when a value of a's size is what is left of values near 1.
 std::int64_t digitsLost(M_APM_const a) {
     return std::max<std::int64_t>(0, -exponentOf(a)) + 2;
@@ -59,7 +55,7 @@ void logOfSum(M_APM r, std::int64_t digits, M_APM_const a, M_APM_const offset) {
 } // namespace
 
 void m_apm_sinh(M_APM r, int places, M_APM_const a) {
-    const std::int64_t digits = digitsFor(places);
+    const std::int64_t digits = M_digits_for(places);
     if (a->sign == 0 || M_is_negligible_square(digits, a)) {
         m_apm_round(r, places, a);
         return;
@@ -78,7 +74,7 @@ void m_apm_sinh(M_APM r, int places, M_APM_const a) {
 }
 
 void m_apm_cosh(M_APM r, int places, M_APM_const a) {
-    const std::int64_t digits = digitsFor(places);
+    const std::int64_t digits = M_digits_for(places);
     if (M_is_negligible_square(digits, a)) {
         m_apm_copy(r, MM_One);
         return;
@@ -95,7 +91,7 @@ void m_apm_cosh(M_APM r, int places, M_APM_const a) {
 }
 
 void m_apm_tanh(M_APM r, int places, M_APM_const a) {
-    const std::int64_t digits = digitsFor(places);
+    const std::int64_t digits = M_digits_for(places);
     if (a->sign == 0 || M_is_negligible_square(digits, a)) {
         m_apm_round(r, places, a);
         return;
@@ -122,7 +118,7 @@ void m_apm_tanh(M_APM r, int places, M_APM_const a) {
 }
 
 void m_apm_arcsinh(M_APM r, int places, M_APM_const a) {
-    const std::int64_t digits = digitsFor(places);
+    const std::int64_t digits = M_digits_for(places);
     if (a->sign == 0 || M_is_negligible_square(digits, a)) {
         m_apm_round(r, places, a);
         return;
@@ -142,7 +138,7 @@ void m_apm_arccosh(M_APM r, int places, M_APM_const a) {
         M_set_to_zero(r);
         return;
     }
-    const std::int64_t digits = digitsFor(places);
+    const std::int64_t digits = M_digits_for(places);
     ScratchValue minusOne;
     ScratchValue result;
     std::int64_t lost = 2;
@@ -160,7 +156,7 @@ void m_apm_arctanh(M_APM r, int places, M_APM_const a) {
         M_set_to_zero(r);
         return;
     }
-    const std::int64_t digits = digitsFor(places);
+    const std::int64_t digits = M_digits_for(places);
     ScratchValue result;
     if (a->sign == 0 || exponentOf(a) <= -1) {
         M_arc_series(result, digits, a, false);

@@ -85,7 +85,7 @@ void M_add_significant(M_APM r, std::int64_t digits, M_APM_const a) {
 }
 
 void M_round_guarded(M_APM r, int places, M_APM_const a) {
-    M_round_digits(r, a, std::int64_t{places} + 1 + kGuardDigits - 2);
+    M_round_digits(r, a, M_digits_for(places) + kGuardDigits - 2);
     m_apm_round(r, places, r);
 }
 
@@ -128,7 +128,7 @@ void m_apm_log(M_APM r, int places, M_APM_const a) {
         return;
     }
     ScratchValue result;
-    M_log(result, std::int64_t{places} + 1, a);
+    M_log(result, M_digits_for(places), a);
     m_apm_round(r, places, result);
 }
 
@@ -138,7 +138,7 @@ void m_apm_log10(M_APM r, int places, M_APM_const a) {
         M_set_to_zero(r);
         return;
     }
-    const std::int64_t digits = std::int64_t{places} + 1;
+    const std::int64_t digits = M_digits_for(places);
     const std::int64_t working = digits + kGuardDigits;
     ScratchValue result;
     ScratchValue factor;

@@ -128,7 +128,7 @@ void m_apm_pow(M_APM r, int places, M_APM_const a, M_APM_const b) {
         return;
     }
     // The digits before the point of b ln a come on top of those wanted; past a dozen the result overflows.
-    const std::int64_t digits = std::int64_t{places} + 1 + kGuardDigits / 2;
+    const std::int64_t digits = M_digits_for(places) + kGuardDigits / 2;
     const std::int64_t extra = std::clamp<std::int64_t>(exponentOf(b) + 10, 0, 24);
     ScratchValue product;
     ScratchValue result;

@@ -31,7 +31,7 @@ void m_apm_sqrt(M_APM r, int places, M_APM_const a) {
         M_set_to_zero(r);
         return;
     }
-    M_root(r, std::int64_t{places} + 1, a);
+    M_root(r, M_digits_for(places), a);
     m_apm_round(r, places, r);
 }
 
@@ -69,7 +69,7 @@ void m_apm_cbrt(M_APM r, int places, M_APM_const a) {
         M_set_to_zero(r);
         return;
     }
-    const std::int64_t digits = std::int64_t{places} + 1 + kGuardDigits;
+    const std::int64_t digits = M_digits_for(places) + kGuardDigits;
     const int sign = a->sign;
     const std::int64_t thirds = floorDivide(exponentOf(a), 3);
     ScratchValue radicand;

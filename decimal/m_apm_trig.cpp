@@ -156,7 +156,7 @@ void M_cos_reduced(M_APM r, std::int64_t digits, M_APM_const a) {
 }
 
 void m_apm_sin(M_APM r, int places, M_APM_const a) {
-    const std::int64_t digits = std::int64_t{places} + 1;
+    const std::int64_t digits = M_digits_for(places);
     ScratchValue rest;
     ScratchValue result;
     const int quarter = reduceAngle(rest, digits, a);
@@ -165,7 +165,7 @@ void m_apm_sin(M_APM r, int places, M_APM_const a) {
 }
 
 void m_apm_cos(M_APM r, int places, M_APM_const a) {
-    const std::int64_t digits = std::int64_t{places} + 1;
+    const std::int64_t digits = M_digits_for(places);
     ScratchValue rest;
     ScratchValue result;
     const int quarter = reduceAngle(rest, digits, a);
@@ -174,7 +174,7 @@ void m_apm_cos(M_APM r, int places, M_APM_const a) {
 }
 
 void m_apm_sin_cos(M_APM sinResult, M_APM cosResult, int places, M_APM_const a) {
-    const std::int64_t digits = std::int64_t{places} + 1;
+    const std::int64_t digits = M_digits_for(places);
     ScratchValue rest;
     ScratchValue result;
     const int quarter = reduceAngle(rest, digits, a);
@@ -185,7 +185,7 @@ void m_apm_sin_cos(M_APM sinResult, M_APM cosResult, int places, M_APM_const a) 
 }
 
 void m_apm_tan(M_APM r, int places, M_APM_const a) {
-    const std::int64_t digits = std::int64_t{places} + 1;
+    const std::int64_t digits = M_digits_for(places);
     ScratchValue rest;
     ScratchValue sine;
     ScratchValue cosine;

@@ -9,6 +9,11 @@
 // Wrong units at the end of a working result are fewer than these digits can hold.
 inline constexpr std::int64_t kGuardDigits = 12;
 
+// Significant digits of a result at `places`; negative places count as 0.
+inline std::int64_t M_digits_for(int places) {
+    return (places < 0 ? 0 : std::int64_t{places}) + 1;
+}
+
 // r = z (1 +- z^2 / 3 + z^4 / 5 +- ...): arctan when alternating, artanh otherwise; |z| below 0.2.
 void M_arc_series(M_APM r, std::int64_t digits, M_APM_const z, bool alternating);
 

@@ -14,9 +14,12 @@
 
 namespace {
 
+// Documents are always written in the current version, whatever they were read from.
 std::string written(const TBF::FileReader& reader) {
+    TBF::FileInfoNode info;
+    info.isEvaluationTest = reader.info() && reader.info()->isEvaluationTest;
     TBF::FileWriter writer;
-    writer.setInfoNode(reader.info());
+    writer.setInfoNode(&info);
     writer.setSettingsNode(reader.settings());
     writer.setLinesNode(reader.lines());
     const std::optional<std::string> text = writer.text();
@@ -36,10 +39,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     const std::string once = written(first);
     TBF::FileReader second("written");
     if (!second.readMemory(once)) std::abort();
-    // Texts of nothing but characters that are left out become empty, and then absent: from the second
-    // time on nothing changes.
-    const std::string twice = written(second);
-    TBF::FileReader third("written again");
-    if (!third.readMemory(twice) || written(third) != twice) std::abort();
+    if (written(second) != once) std::abort();
     return 0;
 }

@@ -63,17 +63,21 @@ public:
         check(xmlTextWriterWriteElement(writer, xmlText(name), xmlText(text.c_str())));
     }
 
-    // Null is left out; an empty text is an empty element.
+    // An element without text reads as absent, and so is left out.
     void textElement(const char* name, const String* text) {
-        if (text) element(name, encoded(text->view()));
+        const std::string bytes = text ? encoded(text->view()) : std::string();
+        if (!bytes.empty()) element(name, bytes);
     }
 
     void dictionary(const char* name, const FileDictionary& dictionary) {
         start(name);
         for (const auto& [key, value] : dictionary) {
+            const std::string keyBytes = encoded(key->view());
+            const std::string valueBytes = encoded(value->view());
+            if (keyBytes.empty() || valueBytes.empty()) continue;
             start("item");
-            element("key", encoded(key->view()));
-            element("value", encoded(value->view()));
+            element("key", keyBytes);
+            element("value", valueBytes);
             end();
         }
         end();

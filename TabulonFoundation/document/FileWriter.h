@@ -3,7 +3,7 @@
 // Writes the three nodes of a document as a file. The whole file is made in memory first. On disk there
 // is always the old file or the new one, never a part of either, even if the machine stops. Characters
 // that XML can't hold (control characters but tab, line feed and carriage return, U+FFFE, U+FFFF) are
-// left out. Used by one thread at a time.
+// left out, and so are elements that have no text. Used by one thread at a time.
 
 #include "document/FileInfoNode.h"
 #include "document/FileLinesNode.h"

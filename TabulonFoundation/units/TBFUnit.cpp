@@ -3,6 +3,8 @@
 #include "numbers/Number.h"
 #include "units/Unit.h"
 
+#include <string>
+
 using TBF::retain;
 using TBF::Unit;
 

@@ -5,6 +5,7 @@
 #include "units/UnitFraction.h"
 
 #include <cstddef>
+#include <utility>
 
 using TBF::retain;
 using TBF::String;

@@ -123,11 +123,10 @@ struct UnitFractionBuilder::Counting {
         survivors.push_back({TBF::retain(&unit), degree});
     }
 
-    std::vector<UnitFraction::UnitDegree> unitDegrees(const Side& numerators,
-                                                      const Side& denominators) const {
+    std::vector<UnitFraction::UnitDegree> unitDegrees(const Side& above, const Side& below) const {
         std::vector<UnitFraction::UnitDegree> survivors;
-        collectSurvivors(numerators, 1, survivors);
-        collectSurvivors(denominators, -1, survivors);
+        collectSurvivors(above, 1, survivors);
+        collectSurvivors(below, -1, survivors);
         std::stable_sort(survivors.begin(), survivors.end(), [](const auto& a, const auto& b) {
             return a.unit->identifier() < b.unit->identifier();
         });

@@ -3,6 +3,7 @@
 #include "runtime/Unicode.h"
 #include "units/UnitContainer.h"
 
+#include <algorithm>
 #include <mutex>
 #include <string>
 #include <utility>
@@ -92,6 +93,8 @@ void UnitSearchIndex::addUnit(UnitContainer& unit) {
 
 void UnitSearchIndex::addUnits(std::span<const Ref<UnitContainer>> units) {
     const std::unique_lock guard(lock);
+    // Only for the first load: to reserve a little again and again would undo the table's own growth.
+    if (edges.empty()) edges.reserve(units.size() * expectedNamesPerUnit);
     for (const Ref<UnitContainer>& unit : units)
         add(*unit);
 }

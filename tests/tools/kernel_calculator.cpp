@@ -74,6 +74,11 @@ std::string plain(int places, M_APM_const x) {
     return buffer.data();
 }
 
+// 0 for what an int can't hold.
+int toInt(M_APM_const x) {
+    return m_apm_exponent(x) < 9 ? std::atoi(plain(0, x).c_str()) : 0;
+}
+
 std::string rounded(int places, M_APM_const x) {
     std::vector<char> buffer(static_cast<std::size_t>(places + m_apm_significant_digits(x)) + 40);
     m_apm_to_string(buffer.data(), places, x);
@@ -91,9 +96,9 @@ std::string calculate(const std::string& operation, int places, M_APM_const a, M
     else if (const auto both = kPlacedPairs.find(operation); both != kPlacedPairs.end())
         both->second(r, places, a, b);
     else if (operation == "integer_pow")
-        m_apm_integer_pow(r, places, a, std::atoi(plain(0, b).c_str()));
+        m_apm_integer_pow(r, places, a, toInt(b));
     else if (operation == "integer_pow_nr")
-        m_apm_integer_pow_nr(r, a, std::atoi(plain(0, b).c_str()));
+        m_apm_integer_pow_nr(r, a, toInt(b));
     else if (operation == "compare")
         return std::to_string(m_apm_compare(a, b));
     else if (operation == "fixpt")

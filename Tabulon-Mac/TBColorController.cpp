@@ -1,0 +1,5 @@
+#include "TBColorController.h"
+
+TKLineCollectionExporterHTMLStyle TBColorController::htmlStyle() {
+    return {};
+}

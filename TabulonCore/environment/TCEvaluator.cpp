@@ -1,0 +1,125 @@
+#include "environment/TCEvaluator.h"
+
+#include "analysis/TokenizedExpression.h"
+#include "analysis/wordoperators/WordOperatorList.h"
+#include "environment/TCBuiltins.h"
+#include "environment/TCEnvironment.h"
+#include "environment/TCEvaluationContext.h"
+#include "environment/TCFunctionList.h"
+#include "environment/TCTrigonometryMode.h"
+#include "environment/TCWordOperatorList.h"
+#include "eval/Evaluator.h"
+#include "eval/functions/FunctionList.h"
+#include "eval/variables/VariableList.h"
+#include "expressions/TCExpression.h"
+#include "expressions/TCExpressionSubstituter.h"
+#include "expressions/TCExpressionTokenizer.h"
+#include "expressions/TCSimpleTokenizedExpression.h"
+#include "lines/TCIndexPath.h"
+#include "lines/TCLine.h"
+#include "lines/TCLineCollection.h"
+#include "parser/ExpressionParser.h"
+#include "parser/ParsedExpression.h"
+#include "results/Result.h"
+#include "results/TCResult.h"
+#include "runtime/TBFLog.h"
+#include "units/TCUnitCollection.h"
+#include "units/UnitCollection.h"
+#include "variables/TCVariableList.h"
+
+#include <utility>
+
+namespace {
+
+// What the core layer's lists hold, as the foundation takes it; null for a list that isn't there.
+struct FoundationLists {
+    TBF::Ref<TBF::FunctionList> functions;
+    TBF::Ref<TBF::VariableList> variables;
+    TBF::Ref<TBF::WordOperatorList> wordOperators;
+    TBF::Ref<TBF::UnitCollection> units;
+
+    explicit FoundationLists(const TCEnvironment& environment) {
+        if (environment.functions()) functions = TBF::retain(environment.functions()->tbfFunctionList());
+        if (environment.variables()) variables = TBF::retain(environment.variables()->tbfVariableList());
+        if (environment.wordOperators()) {
+            wordOperators = TBF::retain(environment.wordOperators()->tbfWordOperatorList());
+        }
+        if (environment.unitManager()) units = TBF::retain(environment.unitManager()->tbfUnitCollection());
+    }
+};
+
+} // namespace
+
+TCEvaluator::TCEvaluator(std::shared_ptr<TCUnitCollection> units, std::shared_ptr<TCVariableList> variables,
+                         std::shared_ptr<TCWordOperatorList> wordOperators)
+    : ownUnits(std::move(units))
+    , ownVariables(std::move(variables))
+    , ownWordOperators(std::move(wordOperators)) {}
+
+TCEvaluator::~TCEvaluator() = default;
+
+std::shared_ptr<TCEvaluator> TCEvaluator::sharedEvaluator() {
+    const auto environment = TCEnvironment::current();
+    return environment ? environment->sharedEvaluator() : nullptr;
+}
+
+const std::shared_ptr<TCFunctionList>& TCEvaluator::builtInFunctions() {
+    static const std::shared_ptr<TCFunctionList> functions = TCBuiltins::functions();
+    return functions;
+}
+
+std::optional<std::u16string> TCEvaluator::evaluateString(std::u16string_view text) {
+    const auto expression = TCExpression::expressionWithString(std::u16string(text));
+    const auto result = evaluateExpression(expression);
+    return result ? result->completeStringValue() : std::nullopt;
+}
+
+std::shared_ptr<TCResult> TCEvaluator::evaluateExpression(const std::shared_ptr<TCExpression>& expression) {
+    if (!expression) return TCResult::emptyResult();
+    const TCExpressionTokenizer tokenizer(expression->locale(),
+                                          TCExpressionSubstituter::defaultSubstituter());
+    const auto environment = TCEnvironment::make();
+    environment->setVariables(ownVariables);
+    environment->setWordOperators(ownWordOperators);
+    environment->setUnitManager(ownUnits);
+    environment->setFunctions(builtInFunctions());
+    return evaluateTokenizedExpression(tokenizer.tokenizeExpression(*expression).get(), *environment, nullptr,
+                                       nullptr);
+}
+
+std::shared_ptr<TCResult> TCEvaluator::evaluateLine(const TCLine& line, TCIndexPath* path, int64_t* error) {
+    if (!path) {
+        TBFErrorLog("Error: index path can not be nil");
+        return nullptr;
+    }
+    path->pushIndex(static_cast<int64_t>(line.index()));
+    TCLineCollection* const collection = line._lineCollection();
+    TCEvaluationContext context(path, collection, line.index());
+    auto environment = collection ? collection->environment() : nullptr;
+    // A free line knows no names.
+    if (!environment) environment = TCEnvironment::make();
+    return evaluateTokenizedExpression(line.tokenizedEvaluableExpression().get(), *environment, &context,
+                                       error);
+}
+
+std::shared_ptr<TCResult>
+TCEvaluator::evaluateTokenizedExpression(const TCSimpleTokenizedExpression* expression,
+                                         const TCEnvironment& environment, TCEvaluationContext* context,
+                                         int64_t* error) {
+    if (error) *error = 0;
+    const auto* const tokens = expression ? expression->tbfTokenizedExpression() : nullptr;
+    if (!tokens) return TCResult::emptyResult();
+
+    const FoundationLists lists(environment);
+    const auto parser =
+        TBF::ExpressionParser::create(lists.functions, lists.variables, lists.wordOperators, lists.units);
+    const auto parsed = parser->parse(*tokens);
+    if (!parsed) return TCResult::emptyResult();
+
+    TBF::Evaluator evaluator(lists.units.get());
+    evaluator.setTrigonometryMode(TCTrigonometryModeToTBFTrigonometryMode(angleMode));
+    evaluator.setContextInfo(context);
+    auto result = evaluator.evaluate(*parsed);
+    if (error && context) *error = context->evaluatorError();
+    return result ? TCResult::resultWithContentsOfTBFResult(std::move(result)) : TCResult::emptyResult();
+}

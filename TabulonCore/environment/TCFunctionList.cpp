@@ -1,0 +1,11 @@
+#include "environment/TCFunctionList.h"
+
+#include "eval/functions/FunctionList.h"
+
+TCFunctionList::TCFunctionList()
+    : list(TBF::FunctionList::create()) {}
+
+TCFunctionList::TCFunctionList(TBF::Ref<TBF::FunctionList> foundationList)
+    : list(std::move(foundationList)) {}
+
+TCFunctionList::~TCFunctionList() = default;

@@ -1,0 +1,70 @@
+#pragma once
+
+// The analysed form of a line: what kind of line it is, the whole text, and the part that is evaluated, each
+// with its tokens. `TCLine` makes one of the three kinds at each change of its text; a
+// `TCLineExpressionParser` gives it the parsed forms. Used on the document's thread.
+
+#include <cstdint>
+#include <memory>
+
+class TCExpression;
+class TCLineExpressionParser;
+class TCLineVariableDeclaration;
+class TCParsedExpression;
+class TCSimpleTokenizedExpression;
+
+enum TCExpressionType : int32_t {
+    TCExpressionTypeNormal = 1,
+    TCExpressionTypeVariableDeclaration = 2,
+    TCExpressionTypePlainText = 3, // never evaluated
+};
+
+class TCAbstractLineExpression {
+public:
+    virtual ~TCAbstractLineExpression();
+    TCAbstractLineExpression(const TCAbstractLineExpression&) = delete;
+    TCAbstractLineExpression& operator=(const TCAbstractLineExpression&) = delete;
+
+    int32_t expressionType() const { return type; } // a TCExpressionType
+
+    // The whole line. The tokens are null for a line that is plain text by its making.
+    const std::shared_ptr<TCExpression>& expression() const { return whole; }
+    const std::shared_ptr<TCSimpleTokenizedExpression>& tokenizedExpression() const { return wholeTokens; }
+
+    // What is evaluated; null for none.
+    const std::shared_ptr<TCExpression>& evaluableExpression() const { return evaluable; }
+    void setEvaluableExpression(std::shared_ptr<TCExpression> expression);
+    const std::shared_ptr<TCSimpleTokenizedExpression>& tokenizedEvaluableExpression() const {
+        return evaluableTokens;
+    }
+    void setTokenizedEvaluableExpression(std::shared_ptr<TCSimpleTokenizedExpression> tokens);
+
+    // The tokens for display: of what is evaluated, in the ranges of that expression, and of the whole line.
+    // Null until the line is parsed.
+    const std::shared_ptr<TCParsedExpression>& evaluableParsedExpression() const { return parsedEvaluable; }
+    void setEvaluableParsedExpression(std::shared_ptr<TCParsedExpression> parsed);
+    const std::shared_ptr<TCParsedExpression>& parsedExpression() const { return parsedWhole; }
+    void setParsedExpression(std::shared_ptr<TCParsedExpression> parsed);
+
+    // Null but for a declaration.
+    virtual std::shared_ptr<TCLineVariableDeclaration> variableDeclaration() const { return nullptr; }
+
+    // Drops the parsed forms; the next parse gives them again.
+    void reset();
+
+    // Has `parser` do what it does with a line of this kind.
+    virtual void process(TCLineExpressionParser& parser);
+
+protected:
+    TCAbstractLineExpression(TCExpressionType expressionType, std::shared_ptr<TCExpression> expression,
+                             std::shared_ptr<TCSimpleTokenizedExpression> tokenizedExpression);
+
+private:
+    TCExpressionType type;
+    std::shared_ptr<TCExpression> whole;
+    std::shared_ptr<TCSimpleTokenizedExpression> wholeTokens;
+    std::shared_ptr<TCExpression> evaluable;
+    std::shared_ptr<TCSimpleTokenizedExpression> evaluableTokens;
+    std::shared_ptr<TCParsedExpression> parsedEvaluable;
+    std::shared_ptr<TCParsedExpression> parsedWhole;
+};

@@ -1,0 +1,48 @@
+#include "expressions/TCExpressionTokenizer.h"
+
+#include "analysis/Expression.h"
+#include "analysis/ExpressionTokenizer.h"
+#include "expressions/TCExpression.h"
+#include "expressions/TCExpressionSubstituter.h"
+#include "expressions/TCSimpleTokenizedExpression.h"
+
+#include <utility>
+
+namespace {
+
+// Null when nothing was replaced.
+TBF::Ref<TCSimpleTokenizedExpression::RangeMappings> rangeMap(const TCExpressionMappings& mappings) {
+    if (mappings.mappings().empty()) return nullptr;
+    auto map = TCSimpleTokenizedExpression::RangeMappings::create();
+    for (const TCExpressionMappings::Mapping& mapping : mappings.mappings()) {
+        map->put(static_cast<int32_t>(mapping.tbfRange.location),
+                 static_cast<int32_t>(mapping.tbfRange.end()), mapping.tcRange);
+    }
+    return map;
+}
+
+} // namespace
+
+TCExpressionTokenizer::TCExpressionTokenizer(TCSimpleLocale locale,
+                                             std::shared_ptr<TCExpressionSubstituter> substituter)
+    : textLocale(locale)
+    , textSubstituter(std::move(substituter)) {}
+
+std::shared_ptr<TCSimpleTokenizedExpression>
+TCExpressionTokenizer::tokenizeExpression(const TCExpression& expression) const {
+    const auto tokenizer = TBF::ExpressionTokenizer::create(TCTBFLocaleFromTCSimpleLocale(textLocale));
+    std::u16string text = expression.originalString().value_or(std::u16string());
+    const auto length = static_cast<int64_t>(text.size());
+    // The expression itself keeps what the default substituter makes of its text.
+    if (textSubstituter == TCExpressionSubstituter::defaultSubstituter() &&
+        expression.isSubstitutedByDefault()) {
+        return std::make_shared<TCSimpleTokenizedExpression>(tokenizer->tokenize(expression.tbfExpression()),
+                                                             rangeMap(*expression.expressionMappings()),
+                                                             length);
+    }
+    const auto mappings =
+        textSubstituter ? textSubstituter->applySubstitutionsToMutableString(text) : nullptr;
+    return std::make_shared<TCSimpleTokenizedExpression>(
+        tokenizer->tokenize(TBF::Expression::create(text).get()), mappings ? rangeMap(*mappings) : nullptr,
+        length);
+}

@@ -1,0 +1,16 @@
+#include "expressions/TCNormalLineExpression.h"
+
+#include "expressions/TCLineExpressionParser.h"
+
+#include <utility>
+
+TCNormalLineExpression::TCNormalLineExpression(
+    std::shared_ptr<TCExpression> expression,
+    std::shared_ptr<TCSimpleTokenizedExpression> tokenizedExpression)
+    : TCAbstractLineExpression(TCExpressionTypeNormal, expression, std::move(tokenizedExpression)) {
+    setEvaluableExpression(std::move(expression));
+}
+
+void TCNormalLineExpression::process(TCLineExpressionParser& parser) {
+    parser.processNormalLineExpression(*this);
+}

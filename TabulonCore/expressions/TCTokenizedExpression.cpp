@@ -1,0 +1,92 @@
+#include "expressions/TCTokenizedExpression.h"
+
+#include "analysis/ContextualAnalyzer.h"
+#include "analysis/ExpressionTokenizer.h"
+#include "analysis/Namespace.h"
+#include "analysis/wordoperators/WordOperatorList.h"
+#include "environment/TCEvaluator.h"
+#include "environment/TCFunctionList.h"
+#include "environment/TCWordOperatorList.h"
+#include "eval/functions/FunctionList.h"
+#include "eval/variables/VariableList.h"
+#include "expressions/TCExpression.h"
+#include "expressions/TCExpressionTokenBuilder.h"
+#include "units/TCUnitCollection.h"
+#include "units/UnitCollection.h"
+#include "variables/TCVariableList.h"
+
+#include <utility>
+
+TCTokenizedExpression::TCTokenizedExpression(std::weak_ptr<TCExpression> expression)
+    : source(std::move(expression)) {}
+
+TCTokenizedExpression::~TCTokenizedExpression() = default;
+
+const TCExpressionTokens& TCTokenizedExpression::tokens() {
+    if (!isTokenized()) tokenize();
+    return *tokenArray;
+}
+
+const std::vector<TBF::Ref<TBF::ExpressionToken>>& TCTokenizedExpression::tbfExpressionTokens() {
+    if (!isTokenized()) tokenize();
+    return expressionTokens;
+}
+
+void TCTokenizedExpression::setVariableList(std::shared_ptr<TCVariableList> variables) {
+    if (variables == variableList) return;
+    variableList = std::move(variables);
+    variableListStateIndicator = 0;
+    setNeedsTokenizing();
+}
+
+void TCTokenizedExpression::setUnitManager(std::shared_ptr<TCUnitCollection> units) {
+    if (units == unitManager) return;
+    unitManager = std::move(units);
+    setNeedsTokenizing();
+}
+
+void TCTokenizedExpression::setWordOperators(std::shared_ptr<TCWordOperatorList> words) {
+    if (words == wordOperators) return;
+    wordOperators = std::move(words);
+    setNeedsTokenizing();
+}
+
+void TCTokenizedExpression::setNeedsTokenizing() {
+    tokenArray.reset();
+    expressionTokens.clear();
+}
+
+bool TCTokenizedExpression::isTokenized() const {
+    return tokenArray && (!variableList || variableList->stateIndicator() == variableListStateIndicator);
+}
+
+void TCTokenizedExpression::tokenize() {
+    setNeedsTokenizing();
+    const std::shared_ptr<TCExpression> expression = source.lock();
+    if (!expression || expression->isEmpty()) {
+        tokenArray.emplace();
+        return;
+    }
+    const auto names = TBF::Namespace::create();
+    if (wordOperators) {
+        wordOperators->tbfWordOperatorList()->setAuxiliaryList(&TBF::WordOperatorList::shared());
+        names->setWordOperatorList(TBF::retain(wordOperators->tbfWordOperatorList()));
+    }
+    if (const auto& functions = TCEvaluator::builtInFunctions())
+        names->setFunctionList(TBF::retain(functions->tbfFunctionList()));
+    if (unitManager) names->setUnitCollection(TBF::retain(unitManager->tbfUnitCollection()));
+    if (variableList) names->setVariableList(TBF::retain(variableList->tbfVariableList()));
+
+    const auto tokenizer =
+        TBF::ExpressionTokenizer::create(TCTBFLocaleFromTCSimpleLocale(expression->locale()));
+    tokenizer->setEnableComments(parsesComments);
+    const auto analyzer = TBF::ContextualAnalyzer::create();
+    analyzer->setNamespace(names);
+    expressionTokens = analyzer->analyze(*tokenizer->tokenize(expression->tbfExpression()), 0);
+    tokenArray = parseTBFExpressionTokens(*expression);
+    if (variableList) variableListStateIndicator = variableList->stateIndicator();
+}
+
+TCExpressionTokens TCTokenizedExpression::parseTBFExpressionTokens(const TCExpression& expression) const {
+    return TCExpressionTokenBuilder(expressionTokens, expression.expressionMappings().get(), source).build();
+}

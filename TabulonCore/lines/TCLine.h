@@ -1,0 +1,193 @@
+#pragma once
+
+// One line of a document: its text, its analysed form, its last answer and its formatting. A line is free
+// until a `TCLineCollection` takes it; from then on every change of its text goes through the collection,
+// which keeps the answers current. Lines are made and used on the document's thread only.
+
+#include "environment/TCSimpleLocale.h"
+#include "lines/TCExpressionFormattingOptions.h"
+#include "lines/TCIndexSet.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+class TCAbstractLineExpression;
+class TCExpression;
+class TCIndexPath;
+class TCLineCollection;
+class TCLineVariableDeclaration;
+class TCParsedExpression;
+class TCResult;
+class TCResultFormattingOptions;
+class TCSimpleTokenizedExpression;
+class TCTokenizedExpression;
+
+enum TCLineType : int32_t {
+    TCLineTypeNone = 0, // the line expression is of no known kind
+    TCLineTypeNormal = 1,
+    TCLineTypeVariableDeclaration = 2,
+    TCLineTypePlainText = 3, // never evaluated
+};
+
+class TCLine : public std::enable_shared_from_this<TCLine> {
+public:
+    // Lines are made by `make`, since collections share them. A null expression is a line without text.
+    static std::shared_ptr<TCLine> make();
+    static std::shared_ptr<TCLine> make(std::shared_ptr<TCExpression> expression);
+    static std::shared_ptr<TCLine> make(std::shared_ptr<TCExpression> expression,
+                                        std::shared_ptr<TCAbstractLineExpression> lineExpression);
+    static std::shared_ptr<TCLine> lineWithExpressionString(std::optional<std::u16string> text);
+
+    // A line whose text is never evaluated, whatever it says.
+    static std::shared_ptr<TCLine> lineWithPlainText(std::u16string text);
+
+    TCLine(const TCLine&) = delete;
+    TCLine& operator=(const TCLine&) = delete;
+    ~TCLine();
+
+    // The text. None and an empty text are different things only to files.
+    std::optional<std::u16string> expressionString() const;
+    std::optional<std::u16string> delocalizedExpressionString() const;
+    void setExpressionString(std::optional<std::u16string> text);
+    const std::shared_ptr<TCExpression>& expression() const { return text; }
+    const std::shared_ptr<TCExpression>& _expression() const { return text; }
+
+    // Takes a new text: drops the answer, analyses the text and tells the collection. The same object
+    // again does nothing.
+    void _setExpression(std::shared_ptr<TCExpression> newExpression);
+
+    // The answer, evaluated now if it never was since the last change of the line. Null if there is no text
+    // or no answer, and while the collection has a batch open.
+    std::shared_ptr<TCResult> result();
+    bool hasResult() const { return answer != nullptr; }
+    bool needsEvaluation() const { return answer == nullptr; }
+
+    // True if the answer is a number. Evaluates as `result` does.
+    bool hasResultValue();
+
+    // The text of a number as the line's options show it; none for any other answer.
+    std::optional<std::u16string> formattedResult();
+
+    // Stores an answer, which may be null. A new object takes over the line's formatting options, unless it
+    // is the empty result, which all lines share.
+    void setResult(std::shared_ptr<TCResult> newResult);
+    void _setResult(std::shared_ptr<TCResult> newResult) { setResult(std::move(newResult)); }
+
+    // The stored answer, without evaluation. `path` is the way of the evaluation that asks.
+    std::shared_ptr<TCResult> _resultAlongPath(const TCIndexPath* path, int64_t* err) const;
+
+    void invalidateResult();
+
+    // Through the collection if there is one, so that the lines that use this one follow.
+    void evaluate();
+    void _evaluate();
+
+    // Drops the answer and analyses the same text anew.
+    void clearCaches();
+
+    // The analysed form. It is made when the text changes, and parsed by the collection.
+    const std::shared_ptr<TCAbstractLineExpression>& lineExpression() const { return analysedForm; }
+    void unparse();
+    bool isParsed() const;
+    std::shared_ptr<TCParsedExpression> parsedExpression() const;
+    std::shared_ptr<TCParsedExpression> evaluableParsedExpression() const;
+    std::shared_ptr<TCExpression> evaluableExpression() const;
+    std::shared_ptr<TCSimpleTokenizedExpression> simpleTokenizedExpression() const;
+    std::shared_ptr<TCSimpleTokenizedExpression> tokenizedEvaluableExpression() const;
+    std::shared_ptr<TCLineVariableDeclaration> variableDeclaration() const;
+    std::shared_ptr<TCTokenizedExpression> tokenizedExpression() const;
+    int32_t lineType() const; // a TCLineType
+
+    // The classification of a text, as the line expression of the kind that fits; never null for an
+    // ordinary text.
+    static std::shared_ptr<TCAbstractLineExpression>
+    lineTypeForExpression(const std::shared_ptr<TCExpression>& expression);
+
+    // Line references. None at all in the line: no set. Otherwise the target indexes of the absolute ones,
+    // the offsets of the relative ones, and the target indexes of both. A target may be no line's index.
+    std::optional<TCIndexSet> directAbsoluteLineReferenceIndexes() const;
+    std::optional<TCIndexSet> directRelativeLineReferenceIndexes() const;
+    const std::optional<TCIndexSet>& directLineReferenceIndexes() const;
+
+    // Identity and place. The identifier stays with the line for life.
+    std::size_t index() const { return position; }
+    void setIndex(std::size_t newIndex);
+    const std::u16string& uniqueIdentifier() const;
+
+    // Null when the line is free, or when the collection is gone.
+    TCLineCollection* _lineCollection() const { return owner ? *owner : nullptr; }
+    void _setLineCollection(TCLineCollection* collection);
+
+    // Formatting. The custom options are never null and may be shared with other lines.
+    const std::shared_ptr<TCResultFormattingOptions>& customFormattingOptions() const {
+        return customOptions;
+    }
+    void setCustomFormattingOptions(std::shared_ptr<TCResultFormattingOptions> options);
+    TCResultFormattingOptions contextualizedFormattingOptions();
+
+    // What the answer is shown with: the custom options, adjusted to the answer unless that is off.
+    TCResultFormattingOptions formattingOptions();
+    TCExpressionFormattingOptions& expressionFormattingOptions() { return textOptions; }
+    const TCExpressionFormattingOptions& expressionFormattingOptions() const { return textOptions; }
+    bool automaticContextualFormattingEnabled() const { return adjustsFormatting; }
+    void setAutomaticContextualFormattingEnabled(bool enabled) { adjustsFormatting = enabled; }
+    bool automaticallyAdjustsOutputPrecision() const { return adjustsPrecision; }
+    void setAutomaticallyAdjustsOutputPrecision(bool adjusts) { adjustsPrecision = adjusts; }
+
+    // 1 degrees, 2 radians; 0 is no mode of its own, and reads as the collection's.
+    int32_t trigonometryMode() const;
+    void setTrigonometryMode(int32_t mode);
+    bool isTrigonometryModeSet() const { return ownTrigonometryMode != 0; }
+
+    // Reads the same text under other characters.
+    void setLocale(TCSimpleLocale locale);
+
+    // Rewrites the text to other characters, so that its meaning stays.
+    void convertToLocale(TCSimpleLocale locale);
+
+    // By the text alone.
+    std::size_t hash() const;
+    bool isEqual(const TCLine& other) const;
+
+private:
+    struct Passkey {};
+
+public:
+    TCLine(Passkey, std::shared_ptr<TCExpression> expression,
+           std::shared_ptr<TCAbstractLineExpression> lineExpression);
+
+private:
+    void expressionDidChange();
+
+    struct References {
+        TCIndexSet absoluteIndexes;
+        TCIndexSet relativeOffsets;
+    };
+    const std::optional<References>& lineReferences() const;
+    void forgetReferences();
+    bool usesLocale(TCSimpleLocale locale) const;
+
+    std::shared_ptr<TCExpression> text; // knows this line as its owner
+    std::shared_ptr<TCResult> answer;
+    bool evaluated = false; // since the last invalidation, whether or not it gave an answer
+    std::size_t position = 0;
+    std::shared_ptr<TCLineCollection*> owner; // shared with the collection, which empties it at its end
+
+    // Caches: empty until asked for. The references of the text, none or unknown before it is parsed; their
+    // targets, which move with the line; the identifier.
+    mutable std::optional<References> references;
+    mutable bool referencesKnown = false;
+    mutable std::optional<TCIndexSet> directLineReferences;
+    mutable std::u16string identifier;
+
+    std::shared_ptr<TCResultFormattingOptions> customOptions; // may be shared with other lines
+    bool adjustsFormatting = true;
+    bool adjustsPrecision = true;
+    TCExpressionFormattingOptions textOptions;
+    int32_t ownTrigonometryMode = 0;
+    std::shared_ptr<TCAbstractLineExpression> analysedForm;
+};

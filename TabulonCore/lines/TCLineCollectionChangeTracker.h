@@ -1,0 +1,56 @@
+#pragma once
+
+// The changes of a line collection since it last processed them, and what they come to: which lines count
+// as changed and from where on the dependency graph is stale. A tracker belongs to one collection, which
+// guards it with its mutex.
+
+#include "lines/TCIndexSet.h"
+#include "lines/TCLineIndexSet.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+class TCLineCollection;
+
+enum TCLineCollectionChangeType : int32_t {
+    TCLineCollectionChangeTypeRemove = 1,
+    TCLineCollectionChangeTypeInsert = 2,
+    TCLineCollectionChangeTypeMove = 3,
+    TCLineCollectionChangeTypeExpression = 4,
+    TCLineCollectionChangeTypeExternal = 5, // something outside of the line that it depends on
+    TCLineCollectionChangeTypeRemoveAll = 6,
+};
+
+struct TCLineCollectionChange {
+    int32_t type = 0; // a TCLineCollectionChangeType
+    int64_t sourceLineIndex = TCIndexNotFound;
+    int64_t destinationLineIndex = TCIndexNotFound; // of a move
+};
+
+struct TCChangedLineIndexes {
+    TCLineIndexSet changed;
+    TCLineIndexSet removed;
+    TCLineIndexSet inserted;
+    TCLineIndexSet external; // among the changed
+    int64_t rebuildStartIndex = TCIndexNotFound;
+    bool positionsChanged = false; // a line may have another index than before
+
+    // Where the line stands now that stood at `oldIndex` before one removal, insertion or move; none if it
+    // has gone.
+    std::optional<std::size_t> newIndexOf(std::size_t oldIndex) const;
+};
+
+class TCLineCollectionChangeTracker {
+public:
+    void registerChange(const TCLineCollectionChange& change) { changes.push_back(change); }
+    void reset() { changes.clear(); }
+    bool hasChanges() const { return !changes.empty(); }
+
+    // One change touches what it names. Several are not told apart: they touch every line of `collection`.
+    TCChangedLineIndexes changedLineIndexesInLineCollection(const TCLineCollection& collection) const;
+
+private:
+    std::vector<TCLineCollectionChange> changes; // in order of arrival
+};

@@ -1,0 +1,209 @@
+// From a registered change to current answers.
+
+#include "document/TBFDependencyType.h"
+#include "environment/TCEnvironment.h"
+#include "environment/TCLineEvaluator.h"
+#include "expressions/TCAbstractLineExpression.h"
+#include "expressions/TCLineExpressionParser.h"
+#include "lines/TCLine.h"
+#include "lines/TCLineCollection.h"
+#include "lines/TCLineCollectionDelegate.h"
+
+#include <utility>
+
+namespace {
+
+TCLineCollection::PreEvaluationBlock& preEvaluationBlock() {
+    static TCLineCollection::PreEvaluationBlock block;
+    return block;
+}
+
+} // namespace
+
+void TCLineCollection::registerChange(const TCLineCollectionChange& change) {
+    if (!changeProcessingEnabled) return;
+    {
+        const std::lock_guard lock(mutex);
+        tracker.registerChange(change);
+    }
+    if (!batchUpdating) processChanges();
+}
+
+void TCLineCollection::registerChange(int32_t type, int64_t lineIndex) {
+    registerChange(
+        TCLineCollectionChange{type, lineIndex < 0 ? TCIndexNotFound : lineIndex, TCIndexNotFound});
+}
+
+void TCLineCollection::registerPreChange(int32_t type, int64_t) {
+    const bool isStructural = type == TCLineCollectionChangeTypeRemove ||
+                              type == TCLineCollectionChangeTypeInsert ||
+                              type == TCLineCollectionChangeTypeMove;
+    if (isStructural && changeProcessingEnabled && !batchUpdating) takeLineReferenceSnapshot();
+}
+
+void TCLineCollection::registerExpressionChangeForLineAtIndex(std::size_t index) {
+    registerChange(TCLineCollectionChangeTypeExpression, static_cast<int64_t>(index));
+}
+
+void TCLineCollection::enqueEvaluationOfLine(const std::shared_ptr<TCLine>& line) {
+    if (line) registerExpressionChangeForLineAtIndex(line->index());
+}
+
+void TCLineCollection::beginBatchUpdate() {
+    takeLineReferenceSnapshot();
+    batchUpdating = true;
+}
+
+void TCLineCollection::endBatchUpdate() {
+    batchUpdating = false;
+    processChanges();
+}
+
+void TCLineCollection::processChanges() {
+    TCChangedLineIndexes change;
+    {
+        const std::lock_guard lock(mutex);
+        change = tracker.changedLineIndexesInLineCollection(*this);
+        tracker.reset();
+    }
+    TCLineIndexSet direct = change.changed;
+    direct.remove(change.external);
+
+    const std::unordered_set<std::u16string> changedNames = declarations.takeChangedNames();
+    const bool listChanged = updateInternalVariableListWithChangesAtLineIndexes(direct, changedNames);
+    if (listChanged) unparseAllLines();
+    parseAllLines();
+
+    change.changed.add(formerDependents(change, direct));
+    updateDependencyGraph(change, listChanged || !changedNames.empty());
+    notifyAboutLineReferenceChanges();
+    addLinesDisturbedByMovedPositions(change);
+
+    const TCLineIndexSet evaluated = evaluateLinesAtIndexes(change.changed);
+    if (!observer) return;
+    TCLineIndexSet implicit = evaluated;
+    implicit.remove(direct);
+    notifyDelegateOfEvaluationOfLines(evaluated, implicit);
+}
+
+// The lines that used the changed ones before the edit, as the graph, which speaks of the positions of then,
+// still knows. A line that was inserted had no users, and one that was removed isn't among `direct`.
+TCLineIndexSet TCLineCollection::formerDependents(const TCChangedLineIndexes& change,
+                                                  const TCLineIndexSet& direct) const {
+    if (change.removed.isEmpty() && change.inserted.isEmpty())
+        return indexesOfLinesDependingOnLinesAtIndexes(direct);
+    std::vector<std::size_t> dependents;
+    for (const std::size_t index : indexesOfLinesDependingOnLinesAtIndexes(change.removed))
+        if (const auto now = change.newIndexOf(index)) dependents.push_back(*now);
+    return TCLineIndexSet(std::move(dependents));
+}
+
+// Line references speak of positions: an absolute one at or past the first moved position has other content
+// now, and a relative one that spans an edit has another target.
+void TCLineCollection::addLinesDisturbedByMovedPositions(TCChangedLineIndexes& change) const {
+    if (change.removed.isEmpty() && change.inserted.isEmpty()) return;
+    TCLineIndexSet edited = change.removed;
+    edited.add(change.inserted);
+    const std::size_t start = *edited.first();
+    const std::size_t removedCount = change.removed.count();
+    const std::size_t insertedCount = change.inserted.count();
+    const std::size_t vanished = removedCount > insertedCount ? removedCount - insertedCount : 0;
+    const std::size_t end = lines.size() + vanished;
+    if (start < end)
+        change.changed.add(
+            lineIndexesDirectlyDependingOnIndexesInRange(start, end - start, TBFDependencyMaskAbsolute));
+    change.changed.add(lineIndexesWithDependenciesMatchingTypeMask(TBFDependencyMaskRelative, edited));
+    for (const std::size_t index : linesWithVoidReferences) // it may have lost its target to the edit
+        if (index >= start) change.changed.add(index);
+}
+
+void TCLineCollection::_lineExpressionDidChange(TCLine& line) {
+    if (!holds(line)) return;
+    declarations.update(lines[line.index()]);
+    _lineNeedsParsing(line);
+}
+
+void TCLineCollection::_lineNeedsParsing(TCLine& line) {
+    if (holds(line)) unparsedLines.insert(lines[line.index()]);
+}
+
+void TCLineCollection::parseAllLines() {
+    if (unparsedLines.empty()) return;
+    TCLineExpressionParser parser(ownEnvironment);
+    for (const auto& line : std::exchange(unparsedLines, {})) {
+        const auto& lineExpression = line->lineExpression();
+        if (lineExpression && !line->isParsed()) parser.parseLineExpression(*lineExpression);
+        linesWithStaleDependencies.insert(line);
+    }
+}
+
+void TCLineCollection::unparseAllLines() {
+    for (const auto& line : lines)
+        line->unparse();
+}
+
+void TCLineCollection::evaluateLines() {
+    evaluateLinesAtIndexes(TCLineIndexSet::withRange(0, lines.size()));
+}
+
+TCLineIndexSet TCLineCollection::evaluateLinesAtIndexes(const TCLineIndexSet& indexes) {
+    std::vector<std::size_t> evaluated;
+    for (const uint32_t index : evaluationOrder(indexes)) {
+        if (index >= lines.size()) continue;
+        evaluateLine(lines[index]);
+        evaluated.push_back(index);
+    }
+    return TCLineIndexSet(std::move(evaluated));
+}
+
+void TCLineCollection::evaluateLine(const std::shared_ptr<TCLine>& line) {
+    if (!line) return;
+    const std::shared_ptr<TCLine> held = line; // the argument may stand in `lines`
+    if (preEvaluationBlock()) preEvaluationBlock()(*held);
+    TCLineEvaluator::evaluateLine(*held);
+    if (held->lineType() == TCLineTypeVariableDeclaration) storeValueOfDeclaringLine(held);
+}
+
+void TCLineCollection::evaluateAllLinesWithReportingMode(int32_t mode) {
+    // All lines are read anew first and evaluated once: a change for each line on its own would evaluate
+    // the end of a chain of lines once for every line before it.
+    const bool wasEnabled = std::exchange(changeProcessingEnabled, false);
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        lines[i]->clearCaches();
+    changeProcessingEnabled = wasEnabled;
+    const TCLineIndexSet all = TCLineIndexSet::withRange(0, lines.size());
+    const std::unordered_set<std::u16string> changedNames = declarations.takeChangedNames();
+    if (updateInternalVariableListWithChangesAtLineIndexes(all, changedNames)) unparseAllLines();
+    parseAllLines();
+    updateDependencyGraph(TCChangedLineIndexes(), !changedNames.empty());
+    evaluateLinesAtIndexes(all);
+    notifyDelegateOfEvaluationOfLines(all,
+                                      mode == TCEvaluationReportingModeAutomatic ? all : TCLineIndexSet());
+}
+
+void TCLineCollection::reevaluateLinesDependingOnVariables() {
+    evaluateAllLinesWithReportingMode(TCEvaluationReportingModeAutomatic);
+}
+
+void TCLineCollection::reevaluateLinesDependingOnVariable() {
+    evaluateAllLinesWithReportingMode(TCEvaluationReportingModeAutomatic);
+}
+
+void TCLineCollection::reevaluateLinesDependingOnUnit() {
+    evaluateAllLinesWithReportingMode(TCEvaluationReportingModeAutomatic);
+}
+
+void TCLineCollection::setPreEvaluationBlock(PreEvaluationBlock block) {
+    preEvaluationBlock() = std::move(block);
+}
+
+void TCLineCollection::notifyDelegateOfEvaluationOfLines(const TCLineIndexSet& evaluated,
+                                                         const TCLineIndexSet& implicitlyEvaluated) {
+    if (observer && !evaluated.isEmpty()) observer->lineCollectionDidUpdateLinesAtIndexes(*this, evaluated);
+    notifyDelegateOfAutomaticEvaluationOfLinesAtIndexes(implicitlyEvaluated);
+}
+
+void TCLineCollection::notifyDelegateOfAutomaticEvaluationOfLinesAtIndexes(const TCLineIndexSet& indexes) {
+    if (observer && !indexes.isEmpty())
+        observer->lineCollectionDidAutomaticallyUpdateLinesAtIndexes(*this, indexes);
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+// Which lines of a collection declare which name, so that neither an edit nor a lookup has to walk the
+// document. Belongs to a collection, which reports every line that comes, goes or has a new text.
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+class TCLine;
+
+class TCLineDeclarationIndex {
+public:
+    // Notes the name that `line` declares now, which may be none.
+    void update(const std::shared_ptr<TCLine>& line);
+    void remove(const std::shared_ptr<TCLine>& line);
+    void removeAll();
+
+    // Marks the line's name as changed because its place among the declarations may be another.
+    void noteMove(const std::shared_ptr<TCLine>& line);
+
+    // The lines that declare exactly this name, by ascending index.
+    std::vector<std::shared_ptr<TCLine>> linesDeclaring(const std::u16string& name) const;
+
+    bool isEmpty() const { return nameByLine.empty(); }
+
+    // True if a line at or behind `index` declares a name.
+    bool hasDeclarationOnOrAfterIndex(std::size_t index) const;
+
+    // The names whose declaring lines are not those of the last call, and forgets them.
+    std::unordered_set<std::u16string> takeChangedNames();
+
+private:
+    std::unordered_map<std::shared_ptr<TCLine>, std::u16string> nameByLine;
+    std::unordered_map<std::u16string, std::unordered_set<std::shared_ptr<TCLine>>> linesByName;
+    std::unordered_set<std::u16string> changedNames;
+};

@@ -1,0 +1,121 @@
+#pragma once
+
+// The answer of one line: the value as text, the unit it is shown in, and whether it is a number, nothing
+// at all or an error. Made by an evaluation or from a text; shared by `std::shared_ptr`. Some fields are
+// filled on demand, so a result belongs to the thread that evaluates or shows it at that moment; the
+// shared empty result has nothing to fill.
+
+#include "environment/TCSimpleLocale.h"
+#include "results/TBFResult.h"
+#include "results/TCResultFormattingOptions.h"
+#include "runtime/Ref.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+class TCUnit;
+
+enum TCResultType : int32_t {
+    TCResultTypeNotSet = 0,
+    TCResultTypeNumber = 1,
+    TCResultTypeEmpty = 2, // nothing to show
+    TCResultTypeError = 3,
+};
+
+enum TCErrorType : int32_t {
+    TCErrorTypeNone = 0,
+    TCErrorTypeExponentTooLarge = 1,
+    TCErrorTypeDivideByZero = 2,
+    TCErrorTypeIncompatibleUnits = 3,
+    TCErrorTypeOther = 4,
+};
+
+// The text that a user reads for an error; empty for none.
+std::u16string errorStringForTCResultErrorType(int32_t errorType);
+
+class TCResult {
+public:
+    // How the line wrote each unit, by core unit type.
+    using UnitNameFormats = std::map<int32_t, int32_t>;
+
+    // What an evaluation gave; null gives an empty result.
+    static std::shared_ptr<TCResult> resultWithContentsOfTBFResult(TBF::Ref<TBF::Result> result);
+
+    // A value as delocalized decimal text, which is trimmed of white space; no text gives an empty result.
+    static std::shared_ptr<TCResult> resultWithRawResultString(std::optional<std::u16string_view> text,
+                                                               std::shared_ptr<TCUnit> unit = nullptr,
+                                                               uint32_t flags = 0);
+
+    // One shared object without a text.
+    static const std::shared_ptr<TCResult>& emptyResult();
+
+    TCResult();
+    ~TCResult();
+    TCResult(const TCResult&) = delete;
+    TCResult& operator=(const TCResult&) = delete;
+
+    TCResultType resultType() const { return type; }
+    TCErrorType errorType() const { return error; }
+
+    // Bit 0 marks a percentage.
+    uint32_t flags() const { return flagBits; }
+    void setFlags(uint32_t flags) { flagBits = flags; }
+    bool isPercent() const { return (flagBits & TBFResultFlagPercent) != 0; }
+
+    const std::optional<std::u16string>& rawResult() const { return rawText; }
+
+    // The text without idle zeros at its end; none without a value.
+    std::optional<std::u16string> completeStringValue() const;
+    bool isUnity() const; // the complete value is "1"
+
+    // Digits in front of the point, at least 1.
+    uint32_t wholeNumberLength() const;
+
+    // The value in the options of `setResultFormattingOptions` with so many decimals, never scientific.
+    std::optional<std::u16string> stringValue() const { return decimalValue(10, true); }
+    std::optional<std::u16string> decimalValue(uint32_t places, bool withUnit = false) const;
+
+    // The foundation's form of the value, borrowed; null without a text.
+    TBFResultRef tbfResult() const;
+
+    // Decimal places that count in comparisons; below 0, all of them.
+    void setRawResultPrecision(int32_t places) { rawPrecision = places; }
+
+    void setResultFormattingOptions(std::shared_ptr<const TCResultFormattingOptions> options);
+
+    bool trailingZeros() const { return showsTrailingZeros; }
+    void setTrailingZeros(bool shown) { showsTrailingZeros = shown; }
+    bool thousandsSeparator() const { return showsThousandsSeparator; }
+    void setThousandsSeparator(bool shown) { showsThousandsSeparator = shown; }
+
+    // The unit to show; null for a plain number.
+    const std::shared_ptr<TCUnit>& unit() const { return filtered; }
+
+    // The name format that the line used for units of a core type; 0 if it named none.
+    int32_t unitNameFormatForComponentUnitType(int32_t coreUnitType) const;
+
+    // Equal values in equal units.
+    bool isEqual(const TCResult* other) const;
+    std::size_t hash() const;
+
+private:
+    void takeErrorFrom(TBFResultRef result);
+
+    std::optional<std::u16string> rawText;
+    mutable std::optional<std::u16string> completeText; // cached
+    mutable uint32_t cachedWholeNumberLength = 0;       // 0 while unknown
+    int32_t rawPrecision = -1;
+    mutable TBF::Ref<TBF::Result> foundationResult; // made from the text on demand
+    std::shared_ptr<TCUnit> filtered;
+    UnitNameFormats unitNameFormats;
+    std::shared_ptr<const TCResultFormattingOptions> formattingOptions;
+    bool showsTrailingZeros = false;
+    bool showsThousandsSeparator = false;
+    TCResultType type = TCResultTypeNotSet;
+    TCErrorType error = TCErrorTypeNone;
+    uint32_t flagBits = 0;
+};

@@ -1,0 +1,255 @@
+#include "results/TCResultFormatter.h"
+
+#include "results/ResultFormatter.h"
+#include "results/TCAttributedResultFormatter.h"
+#include "results/TCResult.h"
+#include "runtime/Unicode.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdlib>
+#include <limits>
+#include <memory>
+
+namespace {
+
+// Texts that the foundation allocates with malloc.
+struct Freer {
+    void operator()(char* text) const { std::free(text); }
+};
+using MallocText = std::unique_ptr<char, Freer>;
+
+// Takes a place in a text while two characters change places.
+constexpr char16_t placeholder = u'\u0011';
+
+constexpr std::u16string_view superscripts = u"⁰¹²³⁴⁵⁶⁷⁸⁹";
+constexpr char16_t superscriptMinus = u'⁻';
+
+// Letters by a third of the exponent; the first one stands for the exponent 0.
+constexpr std::u16string_view siLetters[] = {u"", u"k", u"M", u"G", u"T", u"P"};
+
+struct Components {
+    std::array<MallocText, 3> texts; // mantissa, base, exponent
+    int32_t count = 0;               // 0, 1 or 3
+
+    std::u16string text(std::size_t index) const { return TBF::utf16(texts[index].get()); }
+};
+
+Components componentsOf(TBF::ResultFormatter* formatter, const TCResult& result,
+                        const TCResultFormattingOptions& options) {
+    char* texts[3] = {};
+    int32_t count = 0;
+    const auto base = static_cast<uint8_t>(options.displayBase());
+    if (options.significantDigits() != 0)
+        TBFResultFormatterGetResultComponentsWithSignificantDigits(
+            formatter, result.tbfResult(), texts, &count, base,
+            static_cast<uint16_t>(options.significantDigits()));
+    else
+        TBFResultFormatterGetResultComponentsWithDecimalPlaces(
+            formatter, result.tbfResult(), texts, &count, base,
+            static_cast<uint16_t>(options.decimalPlaces()));
+    Components components;
+    components.count = count;
+    for (std::size_t i = 0; i < components.texts.size(); ++i)
+        components.texts[i].reset(texts[i]);
+    return components;
+}
+
+int16_t within16Bits(uint32_t number) {
+    return static_cast<int16_t>(std::min<uint32_t>(number, std::numeric_limits<int16_t>::max()));
+}
+
+std::u16string superscript(std::u16string_view exponent) {
+    std::u16string raised;
+    for (const char16_t character : exponent) {
+        if (character == u'-')
+            raised += superscriptMinus;
+        else if (character >= u'0' && character <= u'9')
+            raised += superscripts[character - u'0'];
+        else
+            raised += character;
+    }
+    return raised;
+}
+
+// Mantissa and exponent as one text, with the ranges of its parts.
+std::u16string scientificText(const Components& components, const TCResultFormattingOptions& options,
+                              TCResultRanges& ranges) {
+    std::u16string text = components.text(0);
+    const std::u16string exponent = components.text(2);
+    if (options.scientificNotationStyle() == 0)
+        if (const auto letter = exponentSIString(exponent)) return text += *letter;
+
+    const auto mantissaLength = static_cast<int32_t>(text.size());
+    text += options.scientificNotationBaseString();
+    const auto baseLength = static_cast<int32_t>(text.size()) - mantissaLength;
+    text += options.scientificNotationConvertsExponentCharactersIntoSuperscript() ? superscript(exponent)
+                                                                                  : exponent;
+    text += options.scientificNotationExponentSuffixString();
+    ranges.ranges = {TBFRange{0, mantissaLength}, TBFRange{mantissaLength, baseLength},
+                     TBFRange{mantissaLength + baseLength, static_cast<int32_t>(exponent.size())}};
+    ranges.count = 3;
+    return text;
+}
+
+void replaceAll(std::u16string& text, char16_t from, char16_t to) {
+    if (to == 0)
+        std::erase(text, from);
+    else
+        for (char16_t& character : text)
+            if (character == from) character = to;
+}
+
+} // namespace
+
+TCResultFormatter& TCResultFormatter::sharedInstance() {
+    static TCResultFormatter& formatter = *new TCResultFormatter;
+    return formatter;
+}
+
+TCResultFormatter::TCResultFormatter()
+    : resultFormatter(TBF::adopt(TBFResultFormatterCreate())) {}
+
+TCResultFormatter::~TCResultFormatter() = default;
+
+std::optional<std::u16string>
+TCResultFormatter::stringValueForResult(const TCResult* result,
+                                        const TCResultFormattingOptions& withOptions) {
+    std::optional<std::u16string> text;
+    switch (withOptions.displayFormat()) {
+    case TCDisplayFormatNormal:
+    case TCDisplayFormatBase:
+        text = normalFormattedResult(result, withOptions);
+        break;
+    case TCDisplayFormatDegreesMinutesSeconds:
+        text = degreesMinutesSecondsFormattedResult(result, withOptions);
+        break;
+    case TCDisplayFormatFraction:
+        text = fractionFormattedResult(result, withOptions);
+        break;
+    default:
+        break;
+    }
+    if (!text && withOptions.fallbackToDefaultDisplayFormat())
+        text = normalFormattedResult(result, withOptions);
+    return text;
+}
+
+void TCResultFormatter::configure(const TCResultFormattingOptions& options) {
+    TBF::ResultFormatter* const formatter = resultFormatter.get();
+    const bool inGroupsOfFour = options.displayFormat() == TCDisplayFormatBase;
+    TBFResultFormatterSetIncludeThousandsSeparator(formatter, options.thousandsSeparator());
+    TBFResultFormatterSetThousandsGroupSize(
+        formatter, inGroupsOfFour ? int8_t{4} : static_cast<int8_t>(options.thousandsGroupSize()));
+    TBFResultFormatterSetIncludeBasePrefix(formatter, options.showBasePrefix());
+    TBFResultFormatterSetIncludeTrailingZeros(formatter, options.trailingZeros());
+
+    const int32_t mode = options.scientificNotationMode();
+    TBFResultFormatterSetEnableScientificNotation(formatter, mode == 1 || mode == 2);
+    if (mode == 2)
+        TBFResultFormatterSetScientificNotationThresholds(
+            formatter, within16Bits(options.scientificNotationSmallThreshold()),
+            within16Bits(options.scientificNotationBigThreshold()));
+    else if (mode == 1)
+        TBFResultFormatterSetScientificNotationThresholds(formatter, 0, 0);
+
+    const bool inStepsOfThree = options.scientificNotationStyle() == 0;
+    TBFResultFormatterSetScientificNotationGranularity(
+        formatter,
+        inStepsOfThree ? int16_t{3} : within16Bits(options.scientificNotationExponentGranularity()));
+}
+
+std::optional<std::u16string>
+TCResultFormatter::normalFormattedResult(const TCResult* result, const TCResultFormattingOptions& options,
+                                         TCResultRanges* ranges) {
+    TCResultRanges unused;
+    TCResultRanges& parts = ranges ? *ranges : unused;
+    parts = {};
+    if (!result) return std::nullopt;
+    if (result->resultType() == TCResultTypeEmpty) return std::u16string();
+
+    configure(options);
+    const Components components = componentsOf(resultFormatter.get(), *result, options);
+    if (components.count == 0) return std::nullopt;
+
+    std::u16string text;
+    if (components.count == 3) {
+        text = scientificText(components, options, parts);
+    } else {
+        text = components.text(0);
+        parts.ranges[0] = {0, static_cast<int32_t>(text.size())};
+        parts.count = 1;
+    }
+    const char16_t separator =
+        options.displayFormat() == TCDisplayFormatBase ? u' ' : options.thousandsSeparatorCharacter();
+    TCResultFormatterReplaceDecimalPointAndThousandsSeparator(text, u'.', u',',
+                                                              options.decimalPlaceCharacter(), separator);
+
+    if (result->isPercent()) {
+        if (components.count >= 2) text += u' ';
+        if (options.showPercentSign()) text += u'%';
+    }
+    return text;
+}
+
+std::optional<TCAttributedString>
+TCResultFormatter::attributedStringValueForResult(const TCResult* result,
+                                                  const TCResultFormattingOptions& withOptions,
+                                                  const TCTextAttributes& attributes) {
+    const int32_t format = withOptions.displayFormat();
+    if (format != TCDisplayFormatNormal && format != TCDisplayFormatBase) return std::nullopt;
+    TCResultRanges ranges;
+    std::optional<std::u16string> text = normalFormattedResult(result, withOptions, &ranges);
+    if (!text) return std::nullopt;
+    TCAttributedResultFormatter formatter;
+    formatter.setOptions(&withOptions);
+    return formatter.formatResultString(std::move(*text), ranges, attributes);
+}
+
+std::optional<std::u16string> degreesMinutesSecondsFormattedResult(const TCResult* result,
+                                                                   const TCResultFormattingOptions& options) {
+    if (!result) return std::nullopt;
+    char *degrees = nullptr, *minutes = nullptr, *seconds = nullptr;
+    TBFResultGetDegreesMinutesSeconds(result->tbfResult(), &degrees, &minutes, &seconds,
+                                      static_cast<int32_t>(options.decimalPlaces()), options.trailingZeros(),
+                                      options.thousandsSeparator(), 3);
+    const MallocText owners[] = {MallocText(degrees), MallocText(minutes), MallocText(seconds)};
+    if (!degrees || !minutes || !seconds) return std::nullopt;
+    return TBF::utf16(degrees) + options.degreesCharacter() + u' ' + TBF::utf16(minutes) +
+           options.minutesCharacter() + u' ' + TBF::utf16(seconds) + options.secondsCharacter();
+}
+
+std::optional<std::u16string> fractionFormattedResult(const TCResult* result,
+                                                      const TCResultFormattingOptions& options) {
+    if (!result) return std::nullopt;
+    char *whole = nullptr, *numerator = nullptr, *denominator = nullptr;
+    const bool isMixed = options.fractionStyle() == 0;
+    TBFResultGetFraction(result->tbfResult(), &whole, &numerator, &denominator, 0, 3, isMixed);
+    const MallocText owners[] = {MallocText(whole), MallocText(numerator), MallocText(denominator)};
+    if (!numerator || !denominator || std::string_view(denominator) == "1") return std::nullopt;
+    const std::u16string fraction = TBF::utf16(numerator) + u'/' + TBF::utf16(denominator);
+    return whole ? TBF::utf16(whole) + u' ' + fraction : fraction;
+}
+
+std::optional<std::u16string_view> exponentSIString(std::u16string_view text) {
+    const std::string digits = TBF::utf8(text);
+    int64_t exponent = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
+    if (error != std::errc() || end != digits.data() + digits.size()) return std::nullopt;
+    if (exponent % 3 != 0 || exponent < 0) return std::nullopt;
+    const auto index = static_cast<std::size_t>(exponent / 3);
+    if (index >= std::size(siLetters)) return std::nullopt;
+    return siLetters[index];
+}
+
+void TCResultFormatterReplaceDecimalPointAndThousandsSeparator(std::u16string& text, char16_t oldPoint,
+                                                               char16_t oldSeparator, char16_t newPoint,
+                                                               char16_t newSeparator) {
+    if (oldPoint == 0 || oldSeparator == 0 || newPoint == 0) return;
+    const bool pointChanges = oldPoint != newPoint;
+    if (!pointChanges && oldSeparator == newSeparator) return;
+    if (pointChanges) replaceAll(text, oldPoint, placeholder);
+    if (oldSeparator != u' ') replaceAll(text, oldSeparator, newSeparator);
+    if (pointChanges) replaceAll(text, placeholder, newPoint);
+}

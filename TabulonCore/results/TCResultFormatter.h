@@ -1,0 +1,74 @@
+#pragma once
+
+// Writes answers: turns a result and the choices of how it reads into the text that a user sees, with the
+// digits, their grouping and point in the user's locale, scientific form, a fraction or degrees, and the
+// percent sign. Each call configures the formatter anew, so that calls must not overlap: it belongs to
+// the thread that draws or exports.
+
+#include "results/TBFResultFormatter.h"
+#include "results/TCAttributedString.h"
+#include "results/TCResultFormattingOptions.h"
+#include "runtime/Ref.h"
+#include "runtime/TBFTypes.h"
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+class TCResult;
+
+// Where the parts of an answer stand: one range for plain digits; mantissa, base string and exponent for
+// scientific form. Counted in UTF-16 code units.
+struct TCResultRanges {
+    std::array<TBFRange, 3> ranges{};
+    std::size_t count = 0;
+};
+
+class TCResultFormatter {
+public:
+    // The formatter of the process, made once.
+    static TCResultFormatter& sharedInstance();
+
+    TCResultFormatter();
+    ~TCResultFormatter();
+
+    // The answer in the display format of the options; none if the format has no text for the value, for
+    // an error and for a null result. A result that is empty has the empty text.
+    std::optional<std::u16string> stringValueForResult(const TCResult* result,
+                                                       const TCResultFormattingOptions& withOptions);
+
+    // The answer in normal form, whatever the display format says. `ranges` may be null.
+    std::optional<std::u16string> normalFormattedResult(const TCResult* result,
+                                                        const TCResultFormattingOptions& options,
+                                                        TCResultRanges* ranges = nullptr);
+
+    // The answer with fonts for base string and exponent; none for degrees and fractions.
+    std::optional<TCAttributedString>
+    attributedStringValueForResult(const TCResult* result, const TCResultFormattingOptions& withOptions,
+                                   const TCTextAttributes& attributes);
+
+private:
+    void configure(const TCResultFormattingOptions& options);
+
+    TBF::Ref<TBF::ResultFormatter> resultFormatter; // configured anew for each call
+};
+
+// The value as degrees, minutes and seconds, with '.' and ',' in every locale; none if it is too large.
+std::optional<std::u16string> degreesMinutesSecondsFormattedResult(const TCResult* result,
+                                                                   const TCResultFormattingOptions& options);
+
+// The value as a fraction; none for whole numbers and for values that are no fraction of sensible size.
+std::optional<std::u16string> fractionFormattedResult(const TCResult* result,
+                                                      const TCResultFormattingOptions& options);
+
+// The letter for an exponent of ten, empty for 0; none where there is no letter.
+std::optional<std::u16string_view> exponentSIString(std::u16string_view text);
+
+// Exchanges decimal points and thousands separators in place, also where both change places. Does nothing
+// if one of the first three is 0; a `newSeparator` of 0 takes separators out. Spaces that separate
+// groups stay as they are.
+void TCResultFormatterReplaceDecimalPointAndThousandsSeparator(std::u16string& text, char16_t oldPoint,
+                                                               char16_t oldSeparator, char16_t newPoint,
+                                                               char16_t newSeparator);

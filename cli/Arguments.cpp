@@ -1,0 +1,148 @@
+#include "Arguments.h"
+
+#include "CommandFailure.h"
+#include "environment/TCTrigonometryMode.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cstdio>
+#include <iostream>
+#include <iterator>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+template <typename T>
+struct Choice {
+    const char* name;
+    T value;
+};
+
+constexpr Choice<int32_t> angleModes[] = {
+    {"degrees", TCTrigonometryModeDegrees},
+    {"radians", TCTrigonometryModeRadians},
+};
+
+constexpr Choice<TCSimpleLocale> locales[] = {
+    {"standard", {u'.', u','}},
+    {"european", {u',', u'.'}},
+};
+
+constexpr Choice<ExportFormat> exportFormats[] = {
+    {"html", ExportFormatHTML},
+    {"html-inline", ExportFormatInlinedHTML},
+};
+
+// An option that takes one of the names of a table; `take` gets the value.
+template <typename T, std::size_t count, typename Take>
+CLI::Option* addChoice(CLI::App& command, const char* option, const char* description,
+                       const Choice<T> (&choices)[count], Take take) {
+    std::vector<std::string> names;
+    for (const Choice<T>& choice : choices)
+        names.emplace_back(choice.name);
+    const auto takeNamed = [&choices, take](const std::string& name) {
+        take(std::find_if(std::begin(choices), std::end(choices), [&](const auto& choice) {
+                 return choice.name == name;
+             })->value);
+    };
+    return command.add_option_function<std::string>(option, takeNamed, description)
+        ->check(CLI::IsMember(names))
+        ->type_name("");
+}
+
+void addReadingOptions(CLI::App& command, ReadingOptions& reading) {
+    addChoice(command, "--trig", "How angles are read", angleModes,
+              [&reading](int32_t mode) { reading.trigonometryMode = mode; });
+    addChoice(command, "--locale", "1,234.5 (standard) or 1.234,5 (european); a document is converted",
+              locales, [&reading](TCSimpleLocale locale) { reading.locale = locale; });
+}
+
+CLI::Option* addFile(CLI::App& command, const char* name, std::string& file, const char* description) {
+    return command.add_option(name, file, description)->type_name("");
+}
+
+void addOutput(CLI::App& command, std::optional<std::string>& output) {
+    command
+        .add_option_function<std::string>(
+            "-o,--output", [&output](const std::string& path) { output = path; },
+            "Write to this file, not to standard output")
+        ->type_name("FILE");
+}
+
+// The commands and what they fill in.
+struct Parser {
+    CLI::App app{"Answers the lines of a document, each line with its own answer.", "tabulon"};
+    PreviewArguments preview;
+    AnswersArguments answers;
+    ExportArguments exporting;
+    ConvertArguments conversion;
+    CLI::App* previewCommand = nullptr;
+    CLI::App* answersCommand = nullptr;
+    CLI::App* exportCommand = nullptr;
+    CLI::App* convertCommand = nullptr;
+
+    Parser() {
+        app.require_subcommand(1);
+        app.set_version_flag("--version", "tabulon " TABULON_VERSION, "Print the version and exit");
+        app.footer("Exit codes: 0 done, 1 a file could not be read or written, 2 wrong usage.");
+        addPreview();
+        addAnswers();
+        addExport();
+        addConvert();
+    }
+
+    void addPreview() {
+        previewCommand = app.add_subcommand("preview", "The page of a document, as a preview shows it");
+        addFile(*previewCommand, "FILE", preview.file, "A document")->required();
+        addOutput(*previewCommand, preview.output);
+    }
+
+    void addAnswers() {
+        answersCommand = app.add_subcommand("answers", "One line of output for each line: its answer");
+        addFile(*answersCommand, "FILE", answers.file, "A document, UTF-8 text, or - for standard input");
+        addReadingOptions(*answersCommand, answers.reading);
+        answersCommand->add_flag("--json", answers.asJSON, "An array of line, text, answer and error");
+    }
+
+    void addExport() {
+        exportCommand = app.add_subcommand("export", "The lines and their answers in another format");
+        addFile(*exportCommand, "FILE", exporting.file, "A document, UTF-8 text, or - for standard input")
+            ->required();
+        addChoice(*exportCommand, "--format", "The format to write", exportFormats,
+                  [this](ExportFormat format) { exporting.format = format; })
+            ->required();
+        addReadingOptions(*exportCommand, exporting.reading);
+        addOutput(*exportCommand, exporting.output);
+    }
+
+    void addConvert() {
+        convertCommand = app.add_subcommand("convert", "Text to a document, or a document to text");
+        addFile(*convertCommand, "SOURCE", conversion.source, "UTF-8 text or a document, or -")->required();
+        addFile(*convertCommand, "DESTINATION", conversion.destination, "The file to write")->required();
+        addReadingOptions(*convertCommand, conversion.reading);
+    }
+
+    Arguments chosen() const {
+        if (previewCommand->parsed()) return preview;
+        if (answersCommand->parsed()) return answers;
+        if (exportCommand->parsed()) return exporting;
+        return conversion;
+    }
+};
+
+} // namespace
+
+std::optional<Arguments> parseArguments(int count, const char* const* values) {
+    Parser parser;
+    try {
+        parser.app.parse(count, values);
+    } catch (const CLI::Success& wish) { // help or version
+        parser.app.exit(wish, std::cout, std::cerr);
+        return std::nullopt;
+    } catch (const CLI::ParseError& error) {
+        throw CommandFailure{ExitCodeUsage, {}, error.what()};
+    }
+    return parser.chosen();
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+// What the user asked for, read from the command line. Values only.
+
+#include "environment/TCSimpleLocale.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+
+// How lines are to be read and answered. What isn't given is as the document says, or the default for text.
+struct ReadingOptions {
+    std::optional<int32_t> trigonometryMode; // a TCTrigonometryMode
+    std::optional<TCSimpleLocale> locale;
+};
+
+// "-" as a file to read is standard input. An output without a path is standard output.
+struct PreviewArguments {
+    std::string file;
+    std::optional<std::string> output;
+};
+
+struct AnswersArguments {
+    std::string file = "-";
+    ReadingOptions reading;
+    bool asJSON = false;
+};
+
+enum ExportFormat : int32_t {
+    ExportFormatHTML = 0,
+    ExportFormatInlinedHTML = 1,
+};
+
+struct ExportArguments {
+    std::string file;
+    ExportFormat format = ExportFormatHTML;
+    ReadingOptions reading;
+    std::optional<std::string> output;
+};
+
+struct ConvertArguments {
+    std::string source;
+    std::string destination;
+    ReadingOptions reading;
+};
+
+using Arguments = std::variant<PreviewArguments, AnswersArguments, ExportArguments, ConvertArguments>;
+
+// Reads the command line. Help and version are printed, and then there is nothing left to do; a command line
+// that makes no sense is a CommandFailure of wrong usage.
+std::optional<Arguments> parseArguments(int count, const char* const* values);

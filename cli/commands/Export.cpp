@@ -1,0 +1,19 @@
+#include "commands/Commands.h"
+
+#include "Arguments.h"
+#include "CommandFailure.h"
+#include "TBColorController.h"
+#include "export/TKLineCollectionExporter.h"
+#include "input/LineInput.h"
+#include "output/Output.h"
+
+void runExport(const ExportArguments& arguments) {
+    if (arguments.output) refuseSameFile(arguments.file, *arguments.output);
+    TKLineCollectionExporter exporter(readLines(arguments.file, arguments.reading).collection);
+    const TKLineCollectionExporterHTMLStyle style = TBColorController::htmlStyle();
+    const bool isInlined = arguments.format == ExportFormatInlinedHTML;
+    const std::optional<std::string> page =
+        isInlined ? exporter.HTMLSourceWithInlinedStyle(style) : exporter.HTMLSourceWithStyle(style);
+    if (!page) throw CommandFailure{ExitCodeFailed, arguments.file, "has no lines to show"};
+    writeOutput(arguments.output, *page);
+}

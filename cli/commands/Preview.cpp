@@ -1,0 +1,66 @@
+#include "commands/Commands.h"
+
+#include "Arguments.h"
+#include "CommandFailure.h"
+#include "QuickLookGeneratorPlugin.h"
+#include "files/FileURL.h"
+#include "input/LineInput.h"
+#include "output/Output.h"
+
+#include <filesystem>
+#include <memory>
+
+namespace {
+
+// Takes what the plug-in hands over.
+class PageRequest final : public QLPreviewRequest {
+public:
+    std::optional<std::string> page;
+
+    void setDataRepresentation(std::optional<std::string_view> data, std::string_view,
+                               const QLProperties&) override {
+        page = data;
+    }
+};
+
+struct InstanceRelease {
+    void operator()(QLGeneratorInterface** instance) const { (*instance)->Release(instance); }
+};
+using Generator = std::unique_ptr<QLGeneratorInterface*, InstanceRelease>;
+
+// The plug-in by the interface that makes previews.
+Generator loadGenerator() {
+    const Generator plugin(
+        static_cast<QLGeneratorInstance>(QuickLookGeneratorPluginFactory(nullptr, &kQLGeneratorTypeID)));
+    void* generator = nullptr;
+    if (!plugin || (*plugin)->QueryInterface(plugin.get(), kQLGeneratorCallbacksInterfaceID, &generator) !=
+                       kQLResultOK) {
+        throw CommandFailure{ExitCodeFailed, {}, "the preview plug-in doesn't answer"};
+    }
+    return Generator(static_cast<QLGeneratorInstance>(generator));
+}
+
+// The plug-in hands over no page and no reason, so the file is asked.
+std::string reasonForNoPage(const std::string& file) {
+    // What isn't a file can't be read twice.
+    std::error_code ignored;
+    const auto kind = std::filesystem::status(file, ignored).type();
+    using std::filesystem::file_type;
+    if (kind == file_type::fifo || kind == file_type::character || kind == file_type::socket)
+        return "is not a file with a document";
+    return reasonForUnreadableDocument(file);
+}
+
+} // namespace
+
+void runPreview(const PreviewArguments& arguments) {
+    if (arguments.output) refuseSameFile(arguments.file, *arguments.output);
+    const Generator generator = loadGenerator();
+    const QLProperties options;
+    PageRequest request;
+    (*generator)
+        ->GeneratePreviewForURL(generator.get(), &request, platform::fileURLOfPath(arguments.file).c_str(),
+                                nullptr, &options);
+    if (!request.page) throw CommandFailure{ExitCodeFailed, arguments.file, reasonForNoPage(arguments.file)};
+    writeOutput(arguments.output, *request.page);
+}

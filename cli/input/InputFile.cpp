@@ -1,0 +1,89 @@
+#include "input/InputFile.h"
+
+#include "CommandFailure.h"
+#include "document/FileReader.h"
+#include "input/UTF8Validation.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view documentStart = "<?xml";
+
+// Each line of a text takes many times its length once it is analysed.
+constexpr std::size_t maxTextSize = std::size_t{64} << 20;
+
+class OpenFile {
+public:
+    explicit OpenFile(const std::string& file)
+        : descriptor(file == "-" ? STDIN_FILENO : open(file.c_str(), O_RDONLY | O_CLOEXEC)) {}
+    ~OpenFile() {
+        if (descriptor > STDERR_FILENO) close(descriptor);
+    }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    const int descriptor;
+};
+
+std::string_view withoutByteOrderMark(std::string_view bytes) {
+    if (bytes.starts_with(byteOrderMark)) bytes.remove_prefix(byteOrderMark.size());
+    return bytes;
+}
+
+[[noreturn]] void fail(const std::string& file, const std::string& why) {
+    throw CommandFailure{ExitCodeFailed, displayNameOf(file), why};
+}
+
+[[noreturn]] void failForErrno(const std::string& file, const char* action) {
+    if (errno == ENOENT) fail(file, "doesn't exist");
+    if (errno == EISDIR) fail(file, "is a folder");
+    fail(file, std::string("can't be ") + action + ": " + std::strerror(errno));
+}
+
+std::string inLine(std::string_view bytes, std::size_t offset) {
+    const auto end = bytes.begin() + static_cast<std::ptrdiff_t>(offset);
+    return " (line " + std::to_string(1 + std::count(bytes.begin(), end, '\n')) + ")";
+}
+
+} // namespace
+
+std::string displayNameOf(const std::string& file) {
+    return file == "-" ? "standard input" : file;
+}
+
+std::string readInputFile(const std::string& file) {
+    const OpenFile opened(file);
+    if (opened.descriptor < 0) failForErrno(file, "opened");
+    std::string bytes;
+    char buffer[65536];
+    while (true) {
+        const ssize_t count = read(opened.descriptor, buffer, sizeof buffer);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) failForErrno(file, "read");
+        if (count == 0) return bytes;
+        bytes.append(buffer, static_cast<std::size_t>(count));
+        if (bytes.size() > TBF::FileReader::maxFileSize) fail(file, "is too large for a document");
+        if (bytes.size() > maxTextSize && !looksLikeDocument(bytes)) {
+            fail(file, "is too large: a text has at most " + std::to_string(maxTextSize >> 20) + " MiB");
+        }
+    }
+}
+
+bool looksLikeDocument(std::string_view bytes) {
+    return withoutByteOrderMark(bytes).starts_with(documentStart);
+}
+
+std::string_view validatedText(const std::string& file, std::string_view bytes) {
+    const std::string_view text = withoutByteOrderMark(bytes);
+    const std::size_t invalid = firstInvalidUTF8(text);
+    if (invalid < text.size()) fail(file, "is not valid UTF-8" + inLine(text, invalid));
+    const std::size_t nul = text.find('\0');
+    if (nul != std::string_view::npos) fail(file, "is not text: it has a NUL character" + inLine(text, nul));
+    return text;
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+// From a file, or standard input, to lines with answers. On the main thread.
+
+#include "Arguments.h"
+
+#include <memory>
+#include <string>
+
+class TCLineCollection;
+
+struct LineInput {
+    std::shared_ptr<TCLineCollection> collection; // never null; evaluated
+    bool isDocument = false;                      // or else text, a line for each of its lines
+};
+
+// A CommandFailure if there is no document and no UTF-8 text.
+LineInput readLines(const std::string& file, const ReadingOptions& options);
+
+// Why there is no document at this path; one line without the name of the file.
+std::string reasonForUnreadableDocument(const std::string& path);
+
+// What a sentence that begins with the quoted path says of it.
+std::string reasonWithoutFile(const std::string& sentence, const std::string& path);

@@ -1,0 +1,61 @@
+// The command `tabulon`: a host of the preview plug-in, and of the engine beneath it.
+
+#include "Arguments.h"
+#include "CommandFailure.h"
+#include "commands/Commands.h"
+#include "runtime/TBFLog.h"
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <exception>
+#include <new>
+
+namespace {
+
+template <typename... Functions>
+struct Overloaded : Functions... {
+    using Functions::operator()...;
+};
+template <typename... Functions>
+Overloaded(Functions...) -> Overloaded<Functions...>;
+
+void run(const Arguments& arguments) {
+    std::visit(Overloaded{
+                   [](const PreviewArguments& each) { runPreview(each); },
+                   [](const AnswersArguments& each) { runAnswers(each); },
+                   [](const ExportArguments& each) { runExport(each); },
+                   [](const ConvertArguments& each) { runConvert(each); },
+               },
+               arguments);
+}
+
+// One line, whatever the names of files hold.
+void report(const CommandFailure& failure) {
+    std::string line = failure.file.empty() ? failure.why : failure.file + ": " + failure.why;
+    std::replace_if(
+        line.begin(), line.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, '?');
+    std::fprintf(stderr, "tabulon: %s\n", line.c_str());
+    if (failure.exitCode == ExitCodeUsage) std::fputs("Run \"tabulon --help\" for the usage.\n", stderr);
+}
+
+} // namespace
+
+int main(int count, char** values) {
+    // A reader that has seen enough is met as an error of writing. The engine's log speaks to
+    // developers; what a user needs to know is in the failures.
+    std::signal(SIGPIPE, SIG_IGN);
+    TBFErrorLogSetEnabled(0);
+    try {
+        if (const auto arguments = parseArguments(count, values)) run(*arguments);
+        return ExitCodeDone;
+    } catch (const CommandFailure& failure) {
+        report(failure);
+        return failure.exitCode;
+    } catch (const std::bad_alloc&) {
+        report({ExitCodeFailed, {}, "there is not enough memory"});
+    } catch (const std::exception& error) {
+        report({ExitCodeFailed, {}, error.what()});
+    }
+    return ExitCodeFailed;
+}

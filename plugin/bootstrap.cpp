@@ -1,0 +1,31 @@
+#include "bootstrap.h"
+
+#include "environment/TCBuiltins.h"
+#include "environment/TCEnvironment.h"
+#include "environment/TCEvaluator.h"
+#include "environment/TCSettings.h"
+
+#include <mutex>
+
+namespace {
+
+// The environment of what every engine knows from the start, made current.
+void setupSharedInstances() {
+    const auto environment = TCEnvironment::make();
+    environment->setVariables(TCBuiltins::variables());
+    environment->setWordOperators(TCBuiltins::wordOperators());
+    environment->setFunctions(TCBuiltins::functions());
+    environment->setSharedEvaluator(std::make_shared<TCEvaluator>(
+        environment->unitManager(), environment->variables(), environment->wordOperators()));
+    environment->set();
+}
+
+} // namespace
+
+void bootstrap(const platform::Bundle*) {
+    static std::once_flag once;
+    std::call_once(once, [] {
+        TCSettings::make()->set();
+        setupSharedInstances();
+    });
+}

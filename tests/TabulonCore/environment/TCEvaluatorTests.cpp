@@ -1,0 +1,78 @@
+#include "environment/TCEvaluator.h"
+
+#include "environment/TCBuiltins.h"
+#include "environment/TCEnvironment.h"
+#include "environment/TCSettings.h"
+#include "expressions/TCExpression.h"
+#include "lines/TCIndexPath.h"
+#include "lines/TCLine.h"
+#include "results/TCResult.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+class TCEvaluatorTest : public testing::Test {
+protected:
+    TCEvaluatorTest() {
+        if (!TCSettings::isSet()) TCSettings::make()->set();
+    }
+
+    TCEvaluator evaluator{nullptr, TCBuiltins::variables(), TCBuiltins::wordOperators()};
+};
+
+TEST_F(TCEvaluatorTest, ExpressionsHaveKindsOfAnswers) {
+    struct Row {
+        const char16_t* text;
+        TCResultType type;
+        TCErrorType error;
+        const char16_t* value;
+    };
+    constexpr Row rows[] = {
+        {u"2 + 3 * 4", TCResultTypeNumber, TCErrorTypeNone, u"14"},
+        {u"10 mod 4", TCResultTypeNumber, TCErrorTypeNone, u"2"},
+        {u"2 * pi", TCResultTypeNumber, TCErrorTypeNone, nullptr},
+        {u"nothing here", TCResultTypeEmpty, TCErrorTypeNone, nullptr},
+        {u"5 + * 3", TCResultTypeEmpty, TCErrorTypeNone, nullptr},
+        {u"sqrt(0-4)", TCResultTypeEmpty, TCErrorTypeNone, nullptr},
+        {u"1/0", TCResultTypeError, TCErrorTypeDivideByZero, nullptr},
+        {u"10 per 0", TCResultTypeError, TCErrorTypeDivideByZero, nullptr}, // inside of a template
+        {u"ln(0)", TCResultTypeError, TCErrorTypeDivideByZero, nullptr},
+        {u"9^9^9^9", TCResultTypeError, TCErrorTypeExponentTooLarge, nullptr},
+        {u"2.5!", TCResultTypeError, TCErrorTypeOther, nullptr},
+    };
+    for (const Row& row : rows) {
+        const auto result = evaluator.evaluateExpression(TCExpression::expressionWithString(row.text));
+        ASSERT_TRUE(result);
+        const std::string name = std::string(row.text, row.text + std::u16string_view(row.text).size());
+        EXPECT_EQ(result->resultType(), row.type) << name;
+        EXPECT_EQ(result->errorType(), row.error) << name;
+        if (row.value) {
+            EXPECT_EQ(result->completeStringValue(), std::u16string(row.value)) << name;
+        }
+    }
+}
+
+TEST_F(TCEvaluatorTest, StringsGiveTheirCompleteValue) {
+    EXPECT_EQ(evaluator.evaluateString(u"1/4"), u"0.25");
+    EXPECT_EQ(evaluator.evaluateString(u"words"), std::nullopt);
+}
+
+TEST_F(TCEvaluatorTest, AnglesFollowTheMode) {
+    evaluator.setTrigMode(1);
+    EXPECT_EQ(evaluator.evaluateString(u"sin(180)"), u"0");
+}
+
+TEST_F(TCEvaluatorTest, ALineNeedsAPath) {
+    const auto line = TCLine::lineWithExpressionString(u"1 + 1");
+    EXPECT_EQ(evaluator.evaluateLine(*line, nullptr, nullptr), nullptr);
+    TCIndexPath path;
+    const auto result = evaluator.evaluateLine(*line, &path, nullptr);
+    ASSERT_TRUE(result);
+    EXPECT_EQ(result->completeStringValue(), u"2");
+    EXPECT_EQ(path.count(), 1u);
+}
+
+} // namespace

@@ -1,0 +1,25 @@
+#pragma once
+
+// The environment of the kit's tests: the standard functions, variables and word operators, without units.
+// Made once, since settings can be set only once in a process.
+
+#include "environment/TCBuiltins.h"
+#include "environment/TCEnvironment.h"
+#include "environment/TCEvaluator.h"
+#include "environment/TCSettings.h"
+
+namespace TestEnvironment {
+
+inline void set() {
+    if (TCSettings::isSet()) return;
+    TCSettings::make()->set();
+    const auto environment = TCEnvironment::make();
+    environment->setFunctions(TCBuiltins::functions());
+    environment->setVariables(TCBuiltins::variables());
+    environment->setWordOperators(TCBuiltins::wordOperators());
+    environment->setSharedEvaluator(
+        std::make_shared<TCEvaluator>(nullptr, environment->variables(), environment->wordOperators()));
+    environment->set();
+}
+
+} // namespace TestEnvironment

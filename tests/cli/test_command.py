@@ -1,0 +1,304 @@
+"""The command as its user meets it: arguments and input on one side, output, files and exit code on the other."""
+
+import json
+import os
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+COMMAND = None  # set from the command line
+EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
+
+DOCUMENT = (
+    '<?xml version="1.0" encoding="UTF-8"?>\n'
+    "<data><info><version>0.6</version></info><settings>{settings}</settings><lines>{lines}</lines></data>\n"
+)
+
+
+def document(*lines, settings=""):
+    items = "".join(f"<line><expression>{line}</expression><answer>77</answer></line>" for line in lines)
+    return DOCUMENT.format(settings=settings, lines=items)
+
+
+class CommandTests(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+
+    def path(self, name):
+        return str(self.folder / name)
+
+    def write(self, name, content):
+        data = content if isinstance(content, bytes) else content.encode()
+        (self.folder / name).write_bytes(data)
+        return self.path(name)
+
+    def run_command(self, *arguments, stdin=b""):
+        data = stdin if isinstance(stdin, bytes) else stdin.encode()
+        return subprocess.run([COMMAND, *arguments], input=data, capture_output=True, timeout=120, cwd=self.folder)
+
+    def output_of(self, *arguments, stdin=b""):
+        result = self.run_command(*arguments, stdin=stdin)
+        self.assertEqual((result.returncode, result.stderr), (0, b""), arguments)
+        return result.stdout.decode()
+
+    def assert_failure(self, result, file, why):
+        self.assertEqual(result.returncode, 1)
+        self.assertEqual(result.stdout, b"")
+        message = result.stderr.decode()
+        self.assertRegex(message, rf"\Atabulon: {re.escape(file)}: .*{why}.*\n\Z")
+        self.assertEqual(message.count("\n"), 1)
+
+
+class AnswersTests(CommandTests):
+    def test_each_line_has_one_answer(self):
+        rows = [
+            ("1,234.5 + 1", "1,235.5"),
+            ("2 + 3 * 4", "14"),
+            ("Rent: 1,200 + 15", "1,215"),
+            ("100 - 10%", "90"),
+            ("1e5^2", "1e10"),
+            ("1/3", "0.3333333333"),
+            ("x = 5", "5"),
+            ("x * 2", "10"),
+            ("@ A title", ""),
+            ("// nothing but a comment", ""),
+            ("", ""),
+            ("10/0", "Division by zero"),
+        ]
+        text = "".join(line + "\n" for line, _ in rows)
+        self.assertEqual(self.output_of("answers", "-", stdin=text).split("\n")[:-1], [answer for _, answer in rows])
+        self.assertEqual(self.output_of("answers", stdin=text), self.output_of("answers", self.write("n.txt", text)))
+
+    def test_lines_end_in_any_common_way(self):
+        rows = [
+            (b"", ""),
+            (b"\n", "\n"),
+            (b"1", "1\n"),
+            (b"1\n", "1\n"),
+            (b"1\r\n2\r\n", "1\n2\n"),
+            (b"1\n\n2", "1\n\n2\n"),
+            (b"1\n\n", "1\n\n"),
+            (b"\xef\xbb\xbf1 + 1\r\n", "2\n"),
+        ]
+        for text, expected in rows:
+            with self.subTest(text):
+                self.assertEqual(self.output_of("answers", "-", stdin=text), expected)
+
+    def test_angles_and_number_forms_follow_the_options(self):
+        rows = [
+            ((), "sin(90)\n1,234.5 * 2\n", "1\n2,469\n"),
+            (("--trig", "degrees"), "sin(30)\n", "0.5\n"),
+            (("--trig", "radians"), "cos(0)\n", "1\n"),
+            (("--locale", "european"), "1.234,5 * 2\n1,5 + 1\n", "2.469\n2,5\n"),
+        ]
+        for options, text, expected in rows:
+            with self.subTest(text):
+                self.assertEqual(self.output_of("answers", "-", *options, stdin=text), expected)
+        radians = self.output_of("answers", "--trig", "radians", stdin="sin(90)\n")
+        self.assertTrue(radians.startswith("0.8939966"), radians)
+
+    def test_a_document_is_answered_afresh_and_can_be_converted(self):
+        path = self.write("d.tabulon", document("1.5 * 3", "sin(90)", settings="<trig_mode>1</trig_mode>"))
+        self.assertEqual(self.output_of("answers", path), "4.5\n1\n")
+        self.assertEqual(self.output_of("answers", "-", stdin=pathlib.Path(path).read_bytes()), "4.5\n1\n")
+        self.assertEqual(self.output_of("answers", path, "--locale", "european"), "4,5\n1\n")
+        self.assertTrue(self.output_of("answers", path, "--trig", "radians").startswith("4.5\n0.8939"))
+
+    def test_json_has_an_object_for_each_line(self):
+        text = '1 + 1\n10/0\n\n"quote" \\ \x01 é 5\n'
+        objects = json.loads(self.output_of("answers", "--json", stdin=text))
+        self.assertEqual([each["line"] for each in objects], [1, 2, 3, 4])
+        self.assertEqual([each["text"] for each in objects], text.split("\n")[:-1])
+        self.assertEqual(objects[0], {"line": 1, "text": "1 + 1", "answer": "2", "error": None})
+        self.assertEqual((objects[1]["answer"], objects[1]["error"]), (None, "Division by zero"))
+        self.assertEqual((objects[2]["answer"], objects[2]["error"]), (None, None))
+        self.assertEqual(json.loads(self.output_of("answers", "--json")), [])
+
+    def test_many_lines_take_time_in_proportion(self):
+        def seconds(count):
+            text = "".join(f"Item {i}: {i} * 3 + 10%\n" for i in range(count))
+            start = time.monotonic()
+            self.assertEqual(self.output_of("answers", "-", stdin=text).count("\n"), count)
+            return time.monotonic() - start
+
+        few, many = seconds(1000), seconds(8000)
+        self.assertLess(many, 8 * few * 3 + 1, (few, many))
+
+    def test_text_that_cannot_be_read_is_refused_with_its_line(self):
+        rows = [
+            (b"1\n\xff\n", r"not valid UTF-8 \(line 2\)"),
+            (b"\xc0\x80", "not valid UTF-8"),
+            (b"\xed\xa0\x80", "not valid UTF-8"),
+            (b"\xf4\x90\x80\x80", "not valid UTF-8"),
+            (b"1234567\xc3", "not valid UTF-8"),
+            (b"\xff\xfe1\x00", "not valid UTF-8"),
+            (b"1\n2\n\x00\n", r"NUL character \(line 3\)"),
+            (b"<?xml version='1.0'?><html/>", "root element is <html>"),
+            (b"<?xml version='1.0'?><data>", "cut off"),
+            (b"\xef\xbb\xbf<?xml version='1.0'?><data/>", "not a document"),
+        ]
+        for text, why in rows:
+            with self.subTest(text):
+                self.assert_failure(self.run_command("answers", "-", stdin=text), "standard input", why)
+                self.assert_failure(self.run_command("answers", self.write("t", text)), self.path("t"), why)
+        for text in ["\u00e9 5", "\ud7ff", "\ue000", "\U0010ffff", "1234567\u00a0"]:
+            self.output_of("answers", stdin=text.encode())
+
+    def test_an_input_without_end_is_refused(self):
+        self.assert_failure(self.run_command("answers", "/dev/zero"), "/dev/zero", "too large")
+
+    def test_a_reader_that_leaves_is_no_failure(self):
+        path = self.write("long.txt", "1 + 1\n" * 20000)
+        process = subprocess.Popen([COMMAND, "answers", path], stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        process.stdout.read(1)
+        process.stdout.close()
+        self.assertEqual(process.stderr.read(), b"")
+        process.stderr.close()
+        self.assertEqual(process.wait(timeout=60), 0)
+
+    def test_a_full_device_is_a_failure(self):
+        with open("/dev/full", "wb") as full:
+            result = subprocess.run(
+                [COMMAND, "answers", "-"], input=b"1\n", stdout=full, stderr=subprocess.PIPE, timeout=60
+            )
+        self.assertEqual(result.returncode, 1)
+        self.assertIn(b"tabulon: standard output: can't be written", result.stderr)
+
+
+class FileTests(CommandTests):
+    def test_every_command_names_the_file_it_cannot_read(self):
+        folder = self.path("folder")
+        os.mkdir(folder)
+        commands = [
+            ("answers", [], []),
+            ("preview", [], ["-o", self.path("out")]),
+            ("export", ["--format", "html"], ["-o", self.path("out")]),
+            ("convert", [], [self.path("out")]),
+        ]
+        for command, before, after in commands:
+            for file, why in [(self.path("missing"), "doesn't exist"), (folder, "is a folder")]:
+                with self.subTest((command, file)):
+                    self.assert_failure(self.run_command(command, *before, file, *after), file, why)
+                    self.assertFalse(os.path.exists(self.path("out")))
+
+    def test_a_message_stays_on_one_line(self):
+        result = self.run_command("answers", "a\nb")
+        self.assertEqual(result.stderr, b"tabulon: a?b: doesn't exist\n")
+
+    def test_preview_writes_a_page(self):
+        path = self.write("d.tabulon", document("Rent: 1,200 + 15", "a &lt; b"))
+        page = self.output_of("preview", path)
+        self.assertIn("1,215", page)
+        self.assertIn("&lt;", page)
+        self.assertNotIn("77", page)
+        self.assertEqual(self.output_of("preview", "d.tabulon", "-o", "page.html"), "")
+        self.assertEqual(pathlib.Path(self.path("page.html")).read_text(), page)
+
+    def test_preview_refuses_what_is_no_document(self):
+        whole = document("1 + 2")
+        rows = [
+            ("1 + 2\n", "not a document"),
+            ("", "is empty"),
+            (whole[: len(whole) // 2], "cut off"),
+            (whole.replace("data>", "page>"), "root element is <page>"),
+        ]
+        old = self.write("page.html", "old")
+        for content, why in rows:
+            with self.subTest(why):
+                result = self.run_command("preview", self.write("x", content), "-o", old)
+                self.assert_failure(result, self.path("x"), why)
+                self.assertEqual(pathlib.Path(old).read_text(), "old")
+
+    def test_export_has_the_style_in_a_sheet_or_in_the_tags(self):
+        path = self.write("n.txt", "1 + 2\n")
+        sheet = self.output_of("export", path, "--format", "html")
+        tags = self.output_of("export", path, "--format", "html-inline")
+        self.assertIn("<style", sheet)
+        self.assertNotIn("<style", tags)
+        self.assertRegex(tags, r'<td style="[^"]+">3</td>')
+
+    def test_text_becomes_a_document_and_comes_back(self):
+        text = "Rent: 1,200 + 15\n\na < b & \"c\"\nx = 2\nx * 1,5\n@ Title\n"
+        source = self.write("n.txt", text)
+        self.output_of("convert", source, self.path("n.tabulon"))
+        self.output_of("convert", self.path("n.tabulon"), self.path("back.txt"))
+        self.assertEqual(pathlib.Path(self.path("back.txt")).read_text(), text)
+        self.assertEqual(self.output_of("convert", self.path("n.tabulon"), "-"), text)
+        self.assertEqual(self.output_of("answers", self.path("n.tabulon")), self.output_of("answers", source))
+
+        written = pathlib.Path(self.path("n.tabulon")).read_bytes()
+        self.output_of("convert", self.path("back.txt"), self.path("again.tabulon"))
+        self.assertEqual(pathlib.Path(self.path("again.tabulon")).read_bytes(), written)
+
+    def test_a_document_keeps_the_form_of_its_numbers(self):
+        source = self.write("n.txt", "1.234,5 + 1\n")
+        self.output_of("convert", source, self.path("n.tabulon"), "--locale", "european")
+        written = pathlib.Path(self.path("n.tabulon")).read_text()
+        self.assertIn("<expression>1,234.5 + 1</expression>", written)
+        self.assertIn("<dp_char>,</dp_char>", written)
+        self.assertEqual(self.output_of("answers", self.path("n.tabulon")), "1.235,5\n")
+        self.assertEqual(self.output_of("convert", self.path("n.tabulon"), "-"), "1.234,5 + 1\n")
+
+    def test_an_output_that_cannot_be_written_is_a_failure(self):
+        source = self.write("n.txt", "1\n")
+        folder = self.path("folder")
+        os.mkdir(folder)
+        for target in [folder, self.path("missing/out")]:
+            self.assert_failure(self.run_command("convert", source, target), target, "")
+            self.assert_failure(self.run_command("export", source, "--format", "html", "-o", target), target, "")
+        self.assertEqual(sorted(os.listdir(self.folder)), ["folder", "n.txt"])
+
+    def test_a_device_is_written_to_and_not_replaced(self):
+        source = self.write("n.txt", "1\n")
+        self.output_of("export", source, "--format", "html", "-o", "/dev/null")
+        self.assertTrue(os.path.exists("/dev/null") and not os.path.isfile("/dev/null"))
+        self.assert_failure(self.run_command("convert", source, "/dev/null"), "/dev/null", "can be replaced")
+
+    def test_the_examples_hold_no_errors(self):
+        for example in sorted(EXAMPLES.iterdir()):
+            if example.suffix in (".tabulon", ".txt"):
+                with self.subTest(example.name):
+                    lines = json.loads(self.output_of("answers", str(example), "--json"))
+                    self.assertEqual([each for each in lines if each["error"]], [])
+                    self.assertTrue(any(each["answer"] for each in lines))
+
+
+class UsageTests(CommandTests):
+    def test_help_and_version_are_output(self):
+        for command in [(), ("preview",), ("answers",), ("export",), ("convert",)]:
+            self.assertIn("Usage: tabulon", self.output_of(*command, "--help"))
+        self.assertRegex(self.output_of("--version"), r"\Atabulon \d+\.\d+\.\d+\n\Z")
+
+    def test_wrong_usage_has_its_own_code(self):
+        source = self.write("n.txt", "1\n")
+        rows = [
+            ((), "subcommand"),
+            (("answer",), ""),
+            (("answers", "a", "b"), ""),
+            (("answers", "--trig", "grads"), "degrees,radians"),
+            (("answers", "--locale", "french"), "standard,european"),
+            (("preview",), "FILE"),
+            (("export", source), "--format"),
+            (("export", source, "--format", "csv"), "html,html-inline"),
+            (("convert", source), "DESTINATION"),
+            (("convert", source, source), "at once"),
+            (("convert", source, "-"), "standard output"),
+            (("export", source, "--format", "html", "-o", source), "at once"),
+        ]
+        for arguments, why in rows:
+            with self.subTest(arguments):
+                result = self.run_command(*arguments)
+                self.assertEqual((result.returncode, result.stdout), (2, b""))
+                self.assertIn(why, result.stderr.decode())
+        self.assertEqual(pathlib.Path(source).read_text(), "1\n")
+
+
+if __name__ == "__main__":
+    COMMAND = os.path.abspath(sys.argv.pop(1))
+    unittest.main()

@@ -49,7 +49,7 @@ CLI::Option* addChoice(CLI::App& command, const char* option, const char* descri
     };
     return command.add_option_function<std::string>(option, takeNamed, description)
         ->check(CLI::IsMember(names))
-        ->type_name("");
+        ->type_name("NAME");
 }
 
 void addReadingOptions(CLI::App& command, ReadingOptions& reading) {

@@ -114,7 +114,7 @@ void TCLineCollection::removeAllLines() {
         linesWithStaleDependencies.clear();
         forgetReferencesWithoutEdge(0);
         declarations.removeAll();
-        ownEnvironment->variables()->removeAllVariables();
+        if (const auto names = variables()) names->removeAllVariables();
     }
     registerChange(TCLineCollectionChangeTypeRemoveAll, 0);
 }

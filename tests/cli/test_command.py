@@ -19,8 +19,17 @@ DOCUMENT = (
 )
 
 
+FORMATTING = "".join(
+    f"<item><key>{key}</key><value>{value}</value></item>"
+    for key, value in [("thousands_separator", 1), ("display_base", 10)]
+)
+
+
 def document(*lines, settings=""):
-    items = "".join(f"<line><expression>{line}</expression><answer>77</answer></line>" for line in lines)
+    items = "".join(
+        f"<line><expression>{line}</expression><answer>77</answer><formatting>{FORMATTING}</formatting></line>"
+        for line in lines
+    )
     return DOCUMENT.format(settings=settings, lines=items)
 
 
@@ -65,11 +74,10 @@ class AnswersTests(CommandTests):
             ("1e5^2", "1e10"),
             ("1/3", "0.3333333333"),
             ("x = 5", "5"),
-            ("x * 2", "10"),
             ("@ A title", ""),
             ("// nothing but a comment", ""),
             ("", ""),
-            ("10/0", "Division by zero"),
+            ("10/0", "Error: Divide by Zero"),
         ]
         text = "".join(line + "\n" for line, _ in rows)
         self.assertEqual(self.output_of("answers", "-", stdin=text).split("\n")[:-1], [answer for _, answer in rows])
@@ -116,7 +124,7 @@ class AnswersTests(CommandTests):
         self.assertEqual([each["line"] for each in objects], [1, 2, 3, 4])
         self.assertEqual([each["text"] for each in objects], text.split("\n")[:-1])
         self.assertEqual(objects[0], {"line": 1, "text": "1 + 1", "answer": "2", "error": None})
-        self.assertEqual((objects[1]["answer"], objects[1]["error"]), (None, "Division by zero"))
+        self.assertEqual((objects[1]["answer"], objects[1]["error"]), (None, "Error: Divide by Zero"))
         self.assertEqual((objects[2]["answer"], objects[2]["error"]), (None, None))
         self.assertEqual(json.loads(self.output_of("answers", "--json")), [])
 

@@ -1,4 +1,4 @@
-#include "decimal/KernelValue.h"
+#include "KernelValue.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "decimal/KernelValue.h"
+#include "KernelValue.h"
 #include "m_apm_fields.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // The limb arithmetic under the kernel: each fast algorithm against the plain one, at the lengths around the
 // crossovers and with the limbs where carries run furthest.
 
-#include "decimal/KernelValue.h"
+#include "KernelValue.h"
 #include "limbs.h"
 
 #include <gtest/gtest.h>

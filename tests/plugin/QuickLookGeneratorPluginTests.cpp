@@ -46,9 +46,12 @@ uint32_t livingInstances() {
 }
 
 std::string documentWithLine(const std::string& text) {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<data><info><version>0.6</version></info>"
-           "<settings/><lines><line><expression>" +
-           text + "</expression><answer>99</answer></line></lines></data>\n";
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<data><info><version>0.6</version></info><settings/>"
+           "<lines><line><expression>" +
+           text +
+           "</expression><answer>4711</answer><formatting>"
+           "<item><key>thousands_separator</key><value>1</value></item>"
+           "<item><key>display_base</key><value>10</value></item></formatting></line></lines></data>\n";
 }
 
 class PreviewTests : public testing::Test {
@@ -138,8 +141,8 @@ TEST_F(PreviewTests, ADocumentBecomesAPage) {
     EXPECT_EQ(request.contentType, kUTTypeHTML);
     EXPECT_EQ(request.properties, (QLProperties{{"TextEncodingName", "UTF-8"}, {"MIMEType", "text/html"}}));
     ASSERT_TRUE(request.data);
-    EXPECT_THAT(*request.data, AllOf(HasSubstr("<!DOCTYPE HTML"), HasSubstr("1,235.5")));
-    EXPECT_THAT(*request.data, Not(HasSubstr("99"))) << "answers are never taken from the file";
+    EXPECT_THAT(*request.data, AllOf(HasSubstr("<!DOCTYPE "), HasSubstr("1,235.5")));
+    EXPECT_THAT(*request.data, Not(HasSubstr("4711"))) << "answers are never taken from the file";
     EXPECT_THAT(*request.data,
                 AllOf(HasSubstr("<td class=\"line_number\">1</td>"), Not(HasSubstr("<tr class=\"heading\">")),
                       Not(HasSubstr("<tr class=\"statistic\">")), HasSubstr("margin: 0px 0px"),

@@ -1,5 +1,6 @@
 #include "results/TCResultFormatter.h"
 
+#include "results/Result.h"
 #include "results/TCResult.h"
 #include "results/TCResultFormattingOptionsContextualizer.h"
 #include "runtime/Unicode.h"

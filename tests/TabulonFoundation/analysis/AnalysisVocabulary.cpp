@@ -1,6 +1,6 @@
-#include "TabulonFoundation/analysis/AnalysisVocabulary.h"
+#include "analysis/AnalysisVocabulary.h"
 
-#include "TabulonFoundation/analysis/TokenDump.h"
+#include "analysis/TokenDump.h"
 #include "analysis/ContextualAnalyzer.h"
 #include "analysis/ExpressionTokenizer.h"
 #include "analysis/passes/Flatten.h"

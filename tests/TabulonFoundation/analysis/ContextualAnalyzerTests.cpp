@@ -1,7 +1,7 @@
 #include "analysis/ContextualAnalyzer.h"
 
-#include "TabulonFoundation/analysis/AnalysisVocabulary.h"
-#include "TabulonFoundation/analysis/TokenDump.h"
+#include "analysis/AnalysisVocabulary.h"
+#include "analysis/TokenDump.h"
 #include "analysis/TBFContextualAnalyzer.h"
 #include "analysis/TBFTokenizedExpression.h"
 #include "units/TBFUnitTypes.h"

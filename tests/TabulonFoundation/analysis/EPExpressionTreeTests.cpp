@@ -1,6 +1,6 @@
 #include "analysis/EPExpressionTree.h"
 
-#include "TabulonFoundation/analysis/AnalysisVocabulary.h"
+#include "analysis/AnalysisVocabulary.h"
 #include "analysis/BasicToken.h"
 #include "analysis/TBFEPExpressionTree.h"
 

@@ -1,4 +1,4 @@
-#include "TabulonFoundation/analysis/TokenText.h"
+#include "analysis/TokenText.h"
 #include "analysis/ExpressionScannerImpl.h"
 #include "analysis/TBFBasicToken.h"
 #include "analysis/TBFExpressionScanner.h"

@@ -1,4 +1,4 @@
-#include "TabulonFoundation/analysis/TokenText.h"
+#include "analysis/TokenText.h"
 #include "analysis/ExpressionTokenizer.h"
 #include "analysis/TBFExpressionToken.h"
 #include "analysis/TBFExpressionTokenizer.h"

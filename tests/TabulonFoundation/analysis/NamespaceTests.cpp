@@ -1,6 +1,6 @@
 #include "analysis/Namespace.h"
 
-#include "TabulonFoundation/analysis/AnalysisVocabulary.h"
+#include "analysis/AnalysisVocabulary.h"
 #include "analysis/wordoperators/WordOperatorList.h"
 #include "eval/functions/FunctionList.h"
 #include "eval/variables/ScopedVariable.h"

@@ -1,4 +1,4 @@
-#include "TabulonFoundation/analysis/TokenDump.h"
+#include "analysis/TokenDump.h"
 
 #include "runtime/Unicode.h"
 

@@ -1,4 +1,4 @@
-#include "TabulonFoundation/parser/TokenNotation.h"
+#include "parser/TokenNotation.h"
 
 #include "parser/ParserImpl.h"
 #include "parser/TBFParser.h"

@@ -1,4 +1,4 @@
-#include "TabulonFoundation/parser/TokenNotation.h"
+#include "parser/TokenNotation.h"
 
 #include "analysis/wordoperators/WordOperator.h"
 #include "eval/functions/Function.h"

@@ -2,7 +2,7 @@
 #include "units/TBFAmbiguousUnit.h"
 #include "units/TBFUnitContainer.h"
 
-#include "TabulonFoundation/units/UnitVocabulary.h"
+#include "units/UnitVocabulary.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include "numbers/Decimal.h"
 #include "runtime/Unicode.h"
 
-#include "TabulonFoundation/units/UnitVocabulary.h"
+#include "units/UnitVocabulary.h"
 
 #include <gtest/gtest.h>
 

@@ -8,7 +8,7 @@
 #include "units/TBFUnitContainer.h"
 #include "units/UnitDisambiguationMap.h"
 
-#include "TabulonFoundation/units/UnitVocabulary.h"
+#include "units/UnitVocabulary.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include "units/UnitFractionSimplifier.h"
 #include "units/UnitTypeFactorings.h"
 
-#include "TabulonFoundation/units/UnitVocabulary.h"
+#include "units/UnitVocabulary.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck.h>

@@ -2,7 +2,7 @@
 #include "units/UnitFraction.h"
 #include "units/UnitFractionBuilder.h"
 
-#include "TabulonFoundation/units/UnitVocabulary.h"
+#include "units/UnitVocabulary.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck.h>

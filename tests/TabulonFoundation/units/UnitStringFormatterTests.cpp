@@ -1,7 +1,7 @@
 #include "units/TBFUnitContainer.h"
 #include "units/UnitStringFormatter.h"
 
-#include "TabulonFoundation/units/UnitVocabulary.h"
+#include "units/UnitVocabulary.h"
 
 #include <gtest/gtest.h>
 

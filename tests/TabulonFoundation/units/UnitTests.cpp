@@ -1,7 +1,7 @@
 #include "units/TBFUnit.h"
 #include "units/Unit.h"
 
-#include "TabulonFoundation/units/UnitVocabulary.h"
+#include "units/UnitVocabulary.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "export/TKLineCollectionExporter.h"
 
-#include "TabulonKit/TestEnvironment.h"
+#include "TestEnvironment.h"
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
 #include "results/TCResultFormattingOptions.h"

@@ -1,4 +1,4 @@
-#include "TabulonFoundation/analysis/AnalysisVocabulary.h"
+#include "analysis/AnalysisVocabulary.h"
 
 #include <gtest/gtest.h>
 

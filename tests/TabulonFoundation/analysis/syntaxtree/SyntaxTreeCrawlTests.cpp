@@ -1,7 +1,7 @@
 #include "analysis/syntaxtree/SyntaxTreeCrawl.h"
 
-#include "TabulonFoundation/analysis/AnalysisVocabulary.h"
-#include "TabulonFoundation/analysis/TokenDump.h"
+#include "analysis/AnalysisVocabulary.h"
+#include "analysis/TokenDump.h"
 #include "analysis/ContextualAnalyzer.h"
 #include "analysis/passes/PassContext.h"
 #include "analysis/syntaxtree/StandardSyntaxTrees.h"

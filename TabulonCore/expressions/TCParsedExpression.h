@@ -28,6 +28,11 @@ public:
     // None in this class. Borrowed until the names that the expression knows change.
     virtual const TCExpressionTokens& tokens() const;
 
+    // Whether tokens stand ready. Those that are made on demand can be dropped, to be made again when they
+    // are asked for; a walk over a whole document need not keep them all.
+    virtual bool hasTokens() const { return true; }
+    virtual void dropTokens() {}
+
     std::size_t countOfTokens() const { return tokens().size(); }
 
     // The operations of TCParsedExpressionHelpers, on these tokens.

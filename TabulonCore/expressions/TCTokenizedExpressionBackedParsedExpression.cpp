@@ -12,3 +12,11 @@ TCTokenizedExpressionBackedParsedExpression::TCTokenizedExpressionBackedParsedEx
 const TCExpressionTokens& TCTokenizedExpressionBackedParsedExpression::tokens() const {
     return tokenized ? tokenized->tokens() : TCParsedExpression::tokens();
 }
+
+bool TCTokenizedExpressionBackedParsedExpression::hasTokens() const {
+    return tokenized && tokenized->isTokenized();
+}
+
+void TCTokenizedExpressionBackedParsedExpression::dropTokens() {
+    if (tokenized) tokenized->setNeedsTokenizing();
+}

@@ -14,6 +14,8 @@ public:
                                                 std::shared_ptr<TCTokenizedExpression> tokenizedExpression);
 
     const TCExpressionTokens& tokens() const override;
+    bool hasTokens() const override;
+    void dropTokens() override;
 
 private:
     std::shared_ptr<TCTokenizedExpression> tokenized;

@@ -156,15 +156,13 @@ void TCLineCollection::resetLineIndexesStartingAt(std::size_t index) {
 }
 
 void TCLineCollection::enterLine(const std::shared_ptr<TCLine>& line) {
-    linesByIdentifier.insert_or_assign(line->uniqueIdentifier(), line);
-    unparsedLines.insert(line);
+    if (identifiersKnown) linesByIdentifier.insert_or_assign(line->uniqueIdentifier(), line);
+    unparsedLines.push_back(line);
     declarations.update(line);
 }
 
 void TCLineCollection::forgetLine(const std::shared_ptr<TCLine>& line) {
-    linesByIdentifier.erase(line->uniqueIdentifier());
-    unparsedLines.erase(line);
-    linesWithStaleDependencies.erase(line);
+    if (identifiersKnown) linesByIdentifier.erase(line->uniqueIdentifier());
     declarations.remove(line);
 }
 
@@ -188,11 +186,21 @@ bool TCLineCollection::holds(const TCLine& line) const {
     return line.index() < lines.size() && lines[line.index()].get() == &line;
 }
 
+// Most documents are read and shown without anybody asking for an identifier.
+void TCLineCollection::fillLinesByIdentifier() const {
+    if (identifiersKnown) return;
+    for (const auto& line : lines)
+        linesByIdentifier.emplace(line->uniqueIdentifier(), line);
+    identifiersKnown = true;
+}
+
 bool TCLineCollection::containsLine(const std::shared_ptr<TCLine>& line) const {
+    fillLinesByIdentifier();
     return line && linesByIdentifier.contains(line->uniqueIdentifier());
 }
 
 std::shared_ptr<TCLine> TCLineCollection::lineWithIdentifier(const std::u16string& identifier) const {
+    fillLinesByIdentifier();
     const auto entry = linesByIdentifier.find(identifier);
     return entry == linesByIdentifier.end() ? nullptr : entry->second;
 }

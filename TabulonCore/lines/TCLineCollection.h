@@ -166,6 +166,7 @@ private:
     void enterLine(const std::shared_ptr<TCLine>& line);
     void forgetLine(const std::shared_ptr<TCLine>& line);
     bool holds(const TCLine& line) const;
+    void fillLinesByIdentifier() const;
     bool isNoNewLocale(TCSimpleLocale locale) const;
 
     // Steps of `processChanges`.
@@ -187,7 +188,8 @@ private:
     void notifyAboutLineReferenceChanges();
 
     std::vector<std::shared_ptr<TCLine>> lines;
-    std::unordered_map<std::u16string, std::shared_ptr<TCLine>> linesByIdentifier;
+    mutable std::unordered_map<std::u16string, std::shared_ptr<TCLine>> linesByIdentifier; // see below
+    mutable bool identifiersKnown = false; // the map is filled when the first identifier is looked up
     bool batchUpdating = false;
     bool changeProcessingEnabled = true;
     std::shared_ptr<TCResultFormattingOptions> defaultOptions;
@@ -199,9 +201,10 @@ private:
     std::shared_ptr<TCEnvironment> ownEnvironment;
 
     // What keeps an edit from walking the document: the lines that wait for the parser, those parsed since
-    // the graph was last asked to follow, and who declares which name.
-    std::unordered_set<std::shared_ptr<TCLine>> unparsedLines;
-    std::unordered_set<std::shared_ptr<TCLine>> linesWithStaleDependencies;
+    // the graph was last asked to follow, and who declares which name. The first two may hold a line twice,
+    // and lines that have left.
+    std::vector<std::shared_ptr<TCLine>> unparsedLines;
+    std::vector<std::shared_ptr<TCLine>> linesWithStaleDependencies;
     TCLineDeclarationIndex declarations;
 
     // Indexes of lines with references that have no edge: those too far past the end, which are asked again

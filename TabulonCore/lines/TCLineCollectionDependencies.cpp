@@ -82,7 +82,6 @@ void TCLineCollection::rebuildDependencyGraphForLinesAtIndexes(const TCLineIndex
         linesWithFarReferences.erase(index);
         linesWithVoidReferences.erase(index);
         addDependenciesForLine(*lines[index]);
-        linesWithStaleDependencies.erase(lines[index]);
     }
 }
 

@@ -124,16 +124,17 @@ void TCLineCollection::_lineExpressionDidChange(TCLine& line) {
 }
 
 void TCLineCollection::_lineNeedsParsing(TCLine& line) {
-    if (holds(line)) unparsedLines.insert(lines[line.index()]);
+    if (holds(line)) unparsedLines.push_back(lines[line.index()]);
 }
 
 void TCLineCollection::parseAllLines() {
     if (unparsedLines.empty()) return;
     TCLineExpressionParser parser(ownEnvironment);
     for (const auto& line : std::exchange(unparsedLines, {})) {
+        if (!holds(*line)) continue;
         const auto& lineExpression = line->lineExpression();
         if (lineExpression && !line->isParsed()) parser.parseLineExpression(*lineExpression);
-        linesWithStaleDependencies.insert(line);
+        linesWithStaleDependencies.push_back(line);
     }
 }
 

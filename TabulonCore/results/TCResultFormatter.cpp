@@ -40,7 +40,8 @@ Components componentsOf(TBF::ResultFormatter* formatter, const TCResult& result,
                         const TCResultFormattingOptions& options) {
     char* texts[3] = {};
     int32_t count = 0;
-    const auto base = static_cast<uint8_t>(options.displayBase());
+    // Old documents don't say which base, and mean the usual one.
+    const auto base = options.displayBase() == 0 ? uint8_t{10} : static_cast<uint8_t>(options.displayBase());
     if (options.significantDigits() != 0)
         TBFResultFormatterGetResultComponentsWithSignificantDigits(
             formatter, result.tbfResult(), texts, &count, base,

@@ -23,12 +23,18 @@ void setMeaning(Ref<T>& member, T* object) {
     if (member.get() != object) member = retain(object);
 }
 
+// What the analyzer may have joined into a number between its groups of digits: white space of any kind
+// and substitution marks.
+bool standsBetweenDigits(char16_t c) {
+    return c <= u' ';
+}
+
 // The digits of a number without its locale: in the common case a copy of a few bytes.
 std::string numberText(std::u16string_view text, TBFLocale locale) {
     std::string bytes;
     bytes.reserve(text.size());
     for (const char16_t c : text) {
-        if (c == locale.thousandsSeparator || c == u' ') continue;
+        if (c == locale.thousandsSeparator || standsBetweenDigits(c)) continue;
         if (c == locale.decimalPoint) {
             bytes.push_back('.');
         } else if (c < 0x80) {

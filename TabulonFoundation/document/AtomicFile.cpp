@@ -70,6 +70,8 @@ int writeFileAtomically(const std::string& path, std::string_view bytes) {
     struct stat old = {};
     const bool replaces = stat(target.c_str(), &old) == 0;
     if (replaces && S_ISDIR(old.st_mode)) return EISDIR;
+    // A device or a pipe is nothing that a file may take the place of.
+    if (replaces && !S_ISREG(old.st_mode)) return EINVAL;
     // An old file that may not be written to is not to be replaced behind its owner's back.
     if (replaces && access(target.c_str(), W_OK) != 0) return errno;
 

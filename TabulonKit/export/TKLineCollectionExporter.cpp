@@ -5,6 +5,7 @@
 #include "export/TKHTMLText.h"
 #include "export/TKInlinedStyle.h"
 #include "expressions/TCExpressionToken.h"
+#include "expressions/TCParsedExpression.h"
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
 #include "lines/TCLineCollectionStatistics.h"
@@ -203,9 +204,14 @@ std::string TKLineCollectionExporter::statisticRow(const Style* style) {
 }
 
 std::string TKLineCollectionExporter::expressionHTML(TCLine& line) {
+    const std::shared_ptr<TCParsedExpression> parsed = line.parsedExpression();
+    const bool keepsTokens = !parsed || parsed->hasTokens();
     const TKFormattableText source(line.expressionString().value_or(u""));
     TKFormattableText destination(line.expressionString().value_or(u""));
     formatter->formatLinesAtIndexes({line.index()}, source, destination, std::string_view("HTML"));
+
+    // Tokens that were made for this row alone would otherwise stay until the whole page stands.
+    if (!keepsTokens) parsed->dropTokens();
     return utf8(destination.string());
 }
 

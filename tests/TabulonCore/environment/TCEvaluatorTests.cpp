@@ -3,7 +3,9 @@
 #include "environment/TCBuiltins.h"
 #include "environment/TCEnvironment.h"
 #include "environment/TCSettings.h"
+#include "expressions/TCAbstractLineExpression.h"
 #include "expressions/TCExpression.h"
+#include "expressions/TCLineExpressionParser.h"
 #include "lines/TCIndexPath.h"
 #include "lines/TCLine.h"
 #include "results/TCResult.h"
@@ -16,11 +18,13 @@ namespace {
 
 class TCEvaluatorTest : public testing::Test {
 protected:
-    TCEvaluatorTest() {
+    // The foundation has to be started before its standard lists are asked for.
+    static TCEvaluator makeEvaluator() {
         if (!TCSettings::isSet()) TCSettings::make()->set();
+        return TCEvaluator(nullptr, TCBuiltins::variables(), TCBuiltins::wordOperators());
     }
 
-    TCEvaluator evaluator{nullptr, TCBuiltins::variables(), TCBuiltins::wordOperators()};
+    TCEvaluator evaluator = makeEvaluator();
 };
 
 TEST_F(TCEvaluatorTest, ExpressionsHaveKindsOfAnswers) {
@@ -68,6 +72,7 @@ TEST_F(TCEvaluatorTest, AnglesFollowTheMode) {
 TEST_F(TCEvaluatorTest, ALineNeedsAPath) {
     const auto line = TCLine::lineWithExpressionString(u"1 + 1");
     EXPECT_EQ(evaluator.evaluateLine(*line, nullptr, nullptr), nullptr);
+    TCLineExpressionParser().parseLineExpression(*line->lineExpression());
     TCIndexPath path;
     const auto result = evaluator.evaluateLine(*line, &path, nullptr);
     ASSERT_TRUE(result);

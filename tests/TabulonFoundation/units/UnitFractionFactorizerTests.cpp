@@ -155,6 +155,28 @@ TEST(UnitFractionFactorizerTests, nothingGivesNothing) {
     EXPECT_EQ(TBF::adopt(TBFUnitFractionFactorizerUndecompose(factorizer.get(), metre.get(), {}, {})), metre);
 }
 
+// A type without any unit gets lost from what is shown, so the law below holds only for such a vocabulary.
+TEST(UnitFractionFactorizerTests, theVocabularyHasABaseUnitForEachTypeOfTheRelations) {
+    for (const bool experimental : {false, true}) {
+        for (const auto& factoring : instance(experimental)->factorings()) {
+            for (const auto& [type, degree] : factoring->decomposed().components())
+                EXPECT_NE(Vocabulary::shared().collection()->baseUnit(type), nullptr) << type;
+            for (const auto& [type, degree] : factoring->factorized().components())
+                EXPECT_NE(Vocabulary::shared().collection()->baseUnit(type), nullptr) << type;
+        }
+    }
+}
+
+TEST(UnitFractionFactorizerTests, aTypeWithoutAnyUnitGetsLost) {
+    const auto noBaseUnits = TBF::UnitCollection::create();
+    const auto poor = UnitFractionFactorizer::create(noBaseUnits.get(), instance(false));
+    const Vocabulary& words = Vocabulary::shared();
+    const auto written = words.fraction("/ m^6 s^3");
+    const auto units = words.unitsByType("m s");
+    EXPECT_EQ(shownUnits(*shown(written.get(), units, {}, false)), "m:-7 s:-1 mps2:1");
+    EXPECT_EQ(shownUnits(*poor->undecompose(written.get(), units, {})), "m:-7 s:-1");
+}
+
 TEST(UnitFractionFactorizerTests, whateverIsShownHasTheSizeOfWhatWasWritten) {
     EXPECT_TRUE(rc::check([](bool experimental) {
         const auto units = *rc::gen::resize(

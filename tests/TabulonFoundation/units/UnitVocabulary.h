@@ -1,7 +1,8 @@
 #pragma once
 
 // A small invented vocabulary for the tests of units: enough types to see every rule, with factors that are
-// easy to check. Made once and shared by all tests of the process, which don't change it.
+// easy to check, and a base unit for each type that stands in a relation between types. Made once and shared
+// by all tests of the process, which don't change it.
 
 #include "numbers/Number.h"
 #include "numbers/TBFMAPMExtensions.h"
@@ -52,6 +53,7 @@ inline constexpr Row rows[] = {
     {"ohm", "ohm", "ohms", TBFUnitTypeResistance, "1", nullptr},
     {"kn", "knot", "knots", TBFUnitTypeVelocity, "0.5", nullptr},
     {"mps", "metre a second", "metres a second", TBFUnitTypeVelocity, "1", nullptr},
+    {"mps2", "metre a square second", "metres a square second", TBFUnitTypeAcceleration, "1", nullptr},
     {"gee", "gee", "gees", TBFUnitTypeAcceleration, "10", nullptr},
     {"m2", "square metre", "square metres", TBFUnitTypeArea, "1", nullptr},
     {"m3", "cubic metre", "cubic metres", TBFUnitTypeVolume, "1", nullptr},

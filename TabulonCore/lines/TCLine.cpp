@@ -4,6 +4,7 @@
 #include "expressions/TCExpression.h"
 #include "expressions/TCExpressionParser.h"
 #include "expressions/TCExpressionSubstituter.h"
+#include "expressions/TCExpressionToken.h"
 #include "expressions/TCExpressionTokenizer.h"
 #include "expressions/TCLineReferenceType.h"
 #include "expressions/TCLineVariableDeclaration.h"
@@ -274,7 +275,14 @@ const std::optional<TCLine::References>& TCLine::lineReferences() const {
     references->absoluteIndexes = TCIndexSet::indexSetWithIndexes(*numbers);
     TCExpressionParser::findLineReferencesInLine(*this, relativeReferenceTypes, &numbers, nullptr, false);
     if (numbers) references->relativeOffsets = TCIndexSet::indexSetWithIndexes(*numbers);
+    const auto tokens = parsedExpression()->tokensOfType(TCExpressionTokenTypeLineReference);
+    for (const auto& token : tokens.value_or(TCExpressionTokens()))
+        references->all.push_back({token->lineReferenceType(), token->lineReferenceNumber()});
     return references;
+}
+
+std::span<const TCLine::Reference> TCLine::referencesToLines() const {
+    return lineReferences() ? std::span<const Reference>(references->all) : std::span<const Reference>();
 }
 
 void TCLine::forgetReferences() {

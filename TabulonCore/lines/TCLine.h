@@ -5,6 +5,7 @@
 // which keeps the answers current. Lines are made and used on the document's thread only.
 
 #include "environment/TCSimpleLocale.h"
+#include "expressions/TCLineReferenceType.h"
 #include "lines/TCExpressionFormattingOptions.h"
 #include "lines/TCIndexSet.h"
 
@@ -12,8 +13,10 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 class TCAbstractLineExpression;
 class TCExpression;
@@ -113,6 +116,14 @@ public:
     std::optional<TCIndexSet> directRelativeLineReferenceIndexes() const;
     const std::optional<TCIndexSet>& directLineReferenceIndexes() const;
 
+    // Each reference of the parsed line, in order of its place, equal ones as well. Borrowed until the text
+    // changes.
+    struct Reference {
+        TCLineReferenceType type = TCLineReferenceTypeNone;
+        int64_t number = 0;
+    };
+    std::span<const Reference> referencesToLines() const;
+
     // Identity and place. The identifier stays with the line for life.
     std::size_t index() const { return position; }
     void setIndex(std::size_t newIndex);
@@ -166,6 +177,7 @@ private:
     struct References {
         TCIndexSet absoluteIndexes;
         TCIndexSet relativeOffsets;
+        std::vector<Reference> all;
     };
     const std::optional<References>& lineReferences() const;
     void forgetReferences();

@@ -61,6 +61,11 @@ std::u16string_view part(std::u16string_view text, TCRange range) {
                                 : std::u16string_view();
 }
 
+// Asking for the tokens of a line is dear, so lines of nothing but numbers and operators are not asked.
+bool mayNameVariable(std::u16string_view text) {
+    return text.find_first_not_of(u"0123456789 \t.,+-*/()^%=") != std::u16string_view::npos;
+}
+
 std::shared_ptr<TCExpression> expressionWithText(std::optional<std::u16string> text) {
     return text ? std::make_shared<TCExpression>(std::move(text)) : nullptr;
 }
@@ -285,8 +290,24 @@ std::span<const TCLine::Reference> TCLine::referencesToLines() const {
     return lineReferences() ? std::span<const Reference>(references->all) : std::span<const Reference>();
 }
 
+// A line keeps its names when others come or go, unless the collection has it parsed anew.
+const std::vector<std::u16string>& TCLine::usedVariableNames() const {
+    static const std::vector<std::u16string> none;
+    if (variableNames) return *variableNames;
+    const auto parsed = evaluableParsedExpression();
+    const auto evaluable = evaluableExpression();
+    if (!parsed || !evaluable) return none;
+    variableNames.emplace();
+    if (mayNameVariable(evaluable->stringForEvaluation())) {
+        const auto names = parsed->variableReferences();
+        variableNames->assign(names.begin(), names.end());
+    }
+    return *variableNames;
+}
+
 void TCLine::forgetReferences() {
     references.reset();
+    variableNames.reset();
     referencesKnown = false;
     directLineReferences.reset();
 }

@@ -124,6 +124,9 @@ public:
     };
     std::span<const Reference> referencesToLines() const;
 
+    // The names of variables that the evaluated part of the parsed line uses, as they are written there.
+    const std::vector<std::u16string>& usedVariableNames() const;
+
     // Identity and place. The identifier stays with the line for life.
     std::size_t index() const { return position; }
     void setIndex(std::size_t newIndex);
@@ -189,10 +192,11 @@ private:
     std::size_t position = 0;
     std::shared_ptr<TCLineCollection*> owner; // shared with the collection, which empties it at its end
 
-    // Caches: empty until asked for. The references of the text, none or unknown before it is parsed; their
-    // targets, which move with the line; the identifier.
+    // Caches: empty until asked for. The references of the text, none or unknown before it is parsed; the
+    // names that it uses; the targets, which move with the line; the identifier.
     mutable std::optional<References> references;
     mutable bool referencesKnown = false;
+    mutable std::optional<std::vector<std::u16string>> variableNames;
     mutable std::optional<TCIndexSet> directLineReferences;
     mutable std::u16string identifier;
 

@@ -194,7 +194,7 @@ private:
 
     // What the names that the document declares, and its references, add to a change.
     struct NameChanges {
-        bool listChanged = false; // a name came or went, so that all lines read differently
+        std::vector<std::u16string> comeAndGone; // lines with these words read differently
 
         // A name came or went that differs from another one by case alone: words in a third case, which no
         // line declares, mean something else now.
@@ -202,6 +202,7 @@ private:
     };
     NameChanges updateInternalVariableList(const std::unordered_set<std::u16string>& changedNames,
                                            bool positionsChanged);
+    void unparseLinesThatMayUse(const std::vector<std::u16string>& names);
     TCLineIndexSet directLineCollectionVariableOwnersForLine(const TCLine& line) const;
     void storeValueOfDeclaringLine(const std::shared_ptr<TCLine>& line);
     std::vector<uint32_t> linesReadByLineAtIndex(uint32_t index) const;

@@ -3,7 +3,6 @@
 #include "eval/TBFSettings.h"
 #include "expressions/TCExpression.h"
 #include "expressions/TCLineVariableDeclaration.h"
-#include "expressions/TCParsedExpression.h"
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
 #include "lines/TCLineCollectionVariable.h"
@@ -19,14 +18,26 @@ namespace {
 // have as many edges as the square of its lines.
 constexpr std::size_t ownersWithEdges = 16;
 
-// A name has a character that no number, operator, bracket or white space has. Asking for the tokens of a
-// line is dear, so lines without such a character are not asked.
-bool mayNameVariable(const std::u16string& text) {
-    return std::any_of(text.begin(), text.end(), [](char16_t character) {
-        const bool isLetter =
-            (character >= u'a' && character <= u'z') || (character >= u'A' && character <= u'Z');
-        return isLetter || character >= 0x80 || character == u'_' || character == u'$' || character == u'#' ||
-               character == u'@' || character == u'\'' || character == u'"';
+// With more names at once, all lines are read anew.
+constexpr std::size_t namesWorthSearching = 8;
+
+char16_t folded(char16_t character) {
+    return character >= u'A' && character <= u'Z' ? static_cast<char16_t>(character - u'A' + u'a')
+                                                  : character;
+}
+
+bool isPlain(std::u16string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char16_t character) { return character < 0x80; });
+}
+
+// Whether one of the names may stand in the text, in any case; true for texts and names in which the case of
+// a letter is not a matter of its bits.
+bool mayHold(std::u16string_view text, const std::vector<std::u16string>& names) {
+    if (!isPlain(text)) return true;
+    return std::any_of(names.begin(), names.end(), [&](const std::u16string& name) {
+        const auto isSame = [](char16_t a, char16_t b) { return folded(a) == folded(b); };
+        return !isPlain(name) ||
+               std::search(text.begin(), text.end(), name.begin(), name.end(), isSame) != text.end();
     });
 }
 
@@ -83,7 +94,7 @@ TCLineCollection::updateInternalVariableList(const std::unordered_set<std::u16st
             updateLineCollectionVariableOwnership(*variable);
             list->addVariable(variable);
         }
-        changes.listChanged = true;
+        changes.comeAndGone.push_back(name);
         if (!isDeclared) changes.spellingsChanged |= hasOtherSpelling(name);
     }
     if (!positionsChanged) return changes;
@@ -94,14 +105,24 @@ TCLineCollection::updateInternalVariableList(const std::unordered_set<std::u16st
     return changes;
 }
 
+void TCLineCollection::unparseLinesThatMayUse(const std::vector<std::u16string>& names) {
+    if (names.empty()) return;
+    if (names.size() > namesWorthSearching) {
+        unparseAllLines();
+        return;
+    }
+    for (const auto& line : lines) {
+        const auto evaluable = line->evaluableExpression();
+        if (line->isParsed() && evaluable && mayHold(evaluable->stringForEvaluation(), names))
+            line->unparse();
+    }
+}
+
 std::vector<std::shared_ptr<TCLineCollectionVariable>>
 TCLineCollection::directLineCollectionVariableReferencesForLine(const TCLine& line) const {
     std::vector<std::shared_ptr<TCLineCollectionVariable>> found;
-    const auto evaluable = line.evaluableExpression();
-    const auto parsed = line.evaluableParsedExpression();
-    if (declarations.isEmpty() || !evaluable || !parsed) return found;
-    if (!mayNameVariable(evaluable->stringForEvaluation())) return found;
-    for (const std::u16string& name : parsed->variableReferences())
+    if (declarations.isEmpty()) return found;
+    for (const std::u16string& name : line.usedVariableNames())
         if (auto variable = lineCollectionVariableWithName(name, false)) found.push_back(std::move(variable));
     return found;
 }

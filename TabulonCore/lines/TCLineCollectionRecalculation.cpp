@@ -73,12 +73,12 @@ void TCLineCollection::processChanges() {
 
     const std::unordered_set<std::u16string> changedNames = declarations.takeChangedNames();
     const NameChanges names = updateInternalVariableList(changedNames, change.positionsChanged);
-    if (names.listChanged) unparseAllLines();
+    unparseLinesThatMayUse(names.comeAndGone);
     parseAllLines();
 
     change.changed.add(formerDependents(change, direct));
     if (names.spellingsChanged) change.changed = TCLineIndexSet::withRange(0, lines.size());
-    updateDependencyGraph(change, names.listChanged || !changedNames.empty());
+    updateDependencyGraph(change, !changedNames.empty());
     change.changed.add(notifyAboutLineReferenceChanges());
     addLinesDisturbedByMovedPositions(change);
 
@@ -190,7 +190,7 @@ void TCLineCollection::evaluateAllLinesWithReportingMode(int32_t mode) {
     changeProcessingEnabled = wasEnabled;
     const TCLineIndexSet all = TCLineIndexSet::withRange(0, lines.size());
     const std::unordered_set<std::u16string> changedNames = declarations.takeChangedNames();
-    if (updateInternalVariableList(changedNames, false).listChanged) unparseAllLines();
+    updateInternalVariableList(changedNames, false); // all lines have lost their parsed forms
     parseAllLines();
     updateDependencyGraph(TCChangedLineIndexes(), !changedNames.empty());
     evaluateLinesAtIndexes(all);

@@ -6,10 +6,6 @@
 
 namespace {
 
-// Steps of ICU's engine, some ten thousand state changes each. A pattern of the system needs one or two
-// states for each code unit of a text, so only one that tries over and over comes to the end of this.
-constexpr int32_t timeLimit = 1'000;
-
 // Bytes of ICU's own stack of states, which lies on the heap.
 constexpr int32_t stackLimit = 8'000'000;
 
@@ -68,7 +64,6 @@ RKLCachedRegex* RKLRegexCache::getCachedRegex(std::u16string_view regex, RKLRege
                                        static_cast<int32_t>(cached.regexString.size()), options, &place,
                                        &status));
     if (U_SUCCESS(status)) cached.captureCount = uregex_groupCount(cached.icu_regex.get(), &status);
-    if (U_SUCCESS(status)) uregex_setTimeLimit(cached.icu_regex.get(), timeLimit, &status);
     if (U_SUCCESS(status)) uregex_setStackLimit(cached.icu_regex.get(), stackLimit, &status);
     if (U_FAILURE(status)) {
         cached.icu_regex.reset();

@@ -13,6 +13,12 @@ namespace {
 
 constexpr int64_t longestText = std::numeric_limits<int32_t>::max();
 
+// How long matching may take, in ICU's steps of 10,000 states that it comes back to: a grant for any text,
+// and one for each so many code units. A pattern of the system needs a few states for each code unit, so only
+// one that tries over and over comes to the end of this.
+constexpr int64_t timeGrant = 1'000;
+constexpr int64_t textPerTimeStep = 500;
+
 std::u16string ascii(std::string_view text) {
     return {text.begin(), text.end()};
 }
@@ -74,6 +80,8 @@ public:
         } else {
             const char16_t* const units = text.empty() ? u"" : text.data() + range.location;
             uregex_setText(icu(), units, static_cast<int32_t>(range.length), &status);
+            uregex_setTimeLimit(icu(), static_cast<int32_t>(timeGrant + range.length / textPerTimeStep),
+                                &status);
         }
     }
 

@@ -1,6 +1,13 @@
 #include "lines/LineCollectionTesting.h"
 #include "lines/TCLineCollectionVariable.h"
+#include "results/Result.h"
 #include "results/TCResult.h"
+#include "units/TCUnitCollection.h"
+#include "units/Unit.h"
+#include "units/UnitCollection.h"
+#include "units/UnitContainer.h"
+#include "units/UnitFraction.h"
+#include "units/UnitFractionBuilder.h"
 #include "variables/TCVariableList.h"
 
 #include <gmock/gmock.h>
@@ -162,7 +169,8 @@ TEST(DeclaredNames, LongChainsAndCrowdedNamesEvaluate) {
 class RandomNamesDocument {
 public:
     explicit RandomNamesDocument(uint32_t seed)
-        : random(seed) {}
+        : random(seed)
+        , nameCount(1 + seed % 5) {}
 
     std::string text() {
         switch (random() % 6) {
@@ -203,8 +211,10 @@ public:
 private:
     std::string name() {
         static constexpr const char* names[] = {"a", "b", "c", "B", "d"};
-        return names[random() % std::size(names)];
+        return names[random() % nameCount];
     }
+
+    std::size_t nameCount;
 };
 
 TEST(DeclaredNames, RandomEditsEqualAFreshLoad) {
@@ -212,6 +222,10 @@ TEST(DeclaredNames, RandomEditsEqualAFreshLoad) {
     for (uint32_t seed = 1; seed <= 25; ++seed) {
         RandomNamesDocument document(seed);
         TCLineCollection collection;
+        std::vector<std::string> start(seed % 3 * 20); // with enough declarations of a name to crowd it
+        for (std::string& text : start)
+            text = document.text();
+        fill(collection, start);
         for (int step = 0; step < 80; ++step) {
             document.edit(collection);
             ASSERT_EQ(answersOf(collection), answersOf(textsOf(collection)))
@@ -244,6 +258,39 @@ TEST(DeclaredNames, LineByLineInAnyOrderEqualsAFreshLoad) {
         ASSERT_EQ(answersOf(typed), answersOf(texts)) << testing::PrintToString(texts);
         ASSERT_EQ(answersOf(inserted), answersOf(texts)) << testing::PrintToString(texts);
     }
+}
+
+// Makes an environment current that knows the metre and the kilometre.
+void useEnvironmentWithLengths() {
+    useEvaluatingEnvironment();
+    const auto units = TBF::UnitCollection::create();
+    for (const auto& [symbol, factor] : {std::pair("m", "1"), std::pair("km", "1000")}) {
+        const auto name = TBF::String::createWithUTF8(symbol);
+        TBF::UnitContainer::Names names;
+        names.byType[TBFUnitNameTypeVeryShort] = name;
+        const auto container = TBF::UnitContainer::create(symbol, std::move(names));
+        container->setUnitFraction(
+            TBF::UnitFractionBuilder::create(TBF::Unit::create(TBFUnitTypeLength, factor, name).get())
+                ->unitFraction());
+        units->addUnit(*container);
+    }
+    TCEnvironment::current()->setUnitManager(std::make_shared<TCUnitCollection>(units));
+}
+
+TEST(DeclaredNames, UnitsTravelWithValues) {
+    useEnvironmentWithLengths();
+    TCLineCollection collection;
+    fill(collection, {"way = 3 km", "way + 500 m", relative(-1) + " * 2", "way / 1 m"});
+    std::vector<std::string> answers;
+    for (const auto& line : collection) {
+        TBF::Result* const result = line->result()->tbfResult();
+        std::string answer = result->string()->utf8();
+        if (const TBF::UnitFraction* const fraction = result->unitFraction())
+            for (const auto& entry : fraction->unitDegrees())
+                answer += " " + entry.unit->identifierString()->utf8();
+        answers.push_back(std::move(answer));
+    }
+    EXPECT_THAT(answers, ElementsAre("3 km", "3500 m", "7000 m", "3000"));
 }
 
 TEST(LineCollectionVariable, EachDeclarationRulesItsRange) {

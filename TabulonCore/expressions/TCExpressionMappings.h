@@ -1,8 +1,9 @@
 #pragma once
 
 // What a substitution did to a text: which range of the rewritten text stands for which range of the typed
-// one. Filled by the substituter, while the text is rewritten from here to there, and read by whoever leads
-// tokens back to the typed text. Filled on one thread; reading is safe on any.
+// one. Between the mapped ranges both texts are the same, so the mappings lead every place of the one to a
+// place of the other. Filled by the substituter, while the text is rewritten from here to there, and read by
+// whoever leads tokens back to the typed text. Filled on one thread; reading is safe on any.
 
 #include "expressions/TCRange.h"
 
@@ -18,15 +19,26 @@ public:
         TCRange tcRange;  // in the typed text
     };
 
-    // Replaces a mapping that begins at the same place of the rewritten text.
+    // One change of the rewritten text.
+    struct Replacement {
+        TCRange range;      // in the text before the change
+        int64_t length = 0; // of what stands there afterwards
+    };
+
+    // Adds a mapping as it is. Replaces one that begins at the same place of the rewritten text.
     void addRangeMapping(TCRange tcRange, TCRange tbfRange);
 
-    // Moves the rewritten range of each mapping that begins at or behind `location`.
-    void offsetTBFRanges(int64_t amount, int64_t location);
+    // The rewritten text was rewritten once more. The replacements are in ascending order and apart from each
+    // other. Each becomes a mapping; one that touches older mappings takes them in. What is behind moves.
+    void addReplacements(std::span<const Replacement> replacements);
 
     // The mapping that begins exactly at that place of the rewritten text; null if there is none. Borrowed
     // until the next change.
     const Mapping* findRangeMapping(int64_t tbfLocation) const;
+
+    // Where in the typed text that ends which ends there in the rewritten text. A mapped range is never
+    // divided: what ends inside of one ends where the typed range does.
+    int64_t tcEndOfTBFEnd(int64_t tbfEnd) const;
 
     // In ascending order of the rewritten text.
     std::span<const Mapping> mappings() const { return entries; }

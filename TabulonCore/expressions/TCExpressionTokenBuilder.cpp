@@ -5,6 +5,7 @@
 #include "results/Result.h"
 #include "runtime/String.h"
 
+#include <algorithm>
 #include <charconv>
 #include <utility>
 
@@ -49,50 +50,12 @@ TCExpressionTokens TCExpressionTokenBuilder::build() {
 
 std::optional<TCExpressionTokenBuilder::Span> TCExpressionTokenBuilder::openSpan(std::size_t index) {
     const TBF::ExpressionToken& token = *tokens[index];
-    if (token.type() == TBFTokenTypeComment && !token.basicTokens().empty()) return spanOfComment(index);
-    if (mappings) {
+    if (token.type() != TBFTokenTypeComment && mappings) {
         if (const auto* const mapping = mappings->findRangeMapping(token.range().location))
-            return spanOfMapping(index, *mapping);
+            return Span{.substituted = mapping->tbfRange, .first = index};
     }
     if (isBracket(token, TBFTokenSubTypeOpenBracket)) return spanOfLineReference(index);
     return std::nullopt;
-}
-
-// A comment may hold replaced phrases; its length in each text is the sum of its parts there. A phrase covers
-// one or more basic tokens, of which only the first finds the mapping.
-TCExpressionTokenBuilder::Span TCExpressionTokenBuilder::spanOfComment(std::size_t index) const {
-    const auto basicTokens = tokens[index]->basicTokens();
-    TCRange substituted{basicTokens.front()->range().location, 0};
-    int64_t typedLength = 0;
-    int64_t coveredEnd = substituted.location;
-    for (const auto& basicToken : basicTokens) {
-        const TCRange range = rangeOf(basicToken->range());
-        if (const auto* const mapping = mappings ? mappings->findRangeMapping(range.location) : nullptr) {
-            typedLength += mapping->tcRange.length;
-            substituted.length += mapping->tbfRange.length;
-            coveredEnd = mapping->tbfRange.end();
-        } else if (range.location >= coveredEnd) {
-            typedLength += range.length;
-            substituted.length += range.length;
-        }
-    }
-    Span opened;
-    opened.substituted = substituted;
-    opened.typed = {substituted.location + lowOffset, typedLength};
-    opened.displayed = {opened.typed.location + highOffset, typedLength};
-    opened.first = index;
-    return opened;
-}
-
-TCExpressionTokenBuilder::Span
-TCExpressionTokenBuilder::spanOfMapping(std::size_t index,
-                                        const TCExpressionMappings::Mapping& mapping) const {
-    Span opened;
-    opened.substituted = mapping.tbfRange;
-    opened.typed = mapping.tcRange;
-    opened.displayed = {mapping.tcRange.location + highOffset, mapping.tcRange.length};
-    opened.first = index;
-    return opened;
 }
 
 // "(name(argument))" with one of the reserved names. It takes one character on the screen.
@@ -109,14 +72,11 @@ TCExpressionTokenBuilder::spanOfLineReference(std::size_t index) {
 
     const int64_t start = tokens[index]->range().location;
     const int64_t length = rangeOf(tokens[close + 1]->range()).end() - start;
-    Span opened;
-    opened.substituted = {start, length};
-    opened.typed = {start + lowOffset, length};
-    opened.displayed = {opened.typed.location + highOffset, 1};
-    opened.first = index;
-    opened.firstInner = inner;
-    opened.innerCount = close - inner;
-    return opened;
+    return Span{.substituted = {start, length},
+                .displayedLength = 1,
+                .first = index,
+                .firstInner = inner,
+                .innerCount = close - inner};
 }
 
 // The index of the first close bracket from there on, or the number of tokens. Found for all places at once,
@@ -137,14 +97,22 @@ void TCExpressionTokenBuilder::closeSpan() {
     const Span closed = *std::exchange(span, std::nullopt);
     const FoundationTokens run = tokens.subspan(closed.first, closed.count);
     const ShownType shown = shownType(run);
-    auto token =
-        std::make_shared<TCExpressionToken>(run, closed.typed, closed.displayed, shown.type, shown.subType);
+    const TCRange typed = typedRange(run);
+    const TCRange displayed{typed.location + highOffset, closed.displayedLength.value_or(typed.length)};
+    auto token = std::make_shared<TCExpressionToken>(run, typed, displayed, shown.type, shown.subType);
     if (shown.subType == TCExpressionTokenSubTypeLineReference && closed.innerCount > 0)
         token->_setLineReferenceNumber(
             evaluatedArgument(tokens.subspan(closed.firstInner, closed.innerCount)));
     append(std::move(token));
-    lowOffset += closed.typed.length - closed.substituted.length;
-    highOffset += closed.displayed.length - closed.typed.length;
+    highOffset += displayed.length - typed.length;
+}
+
+// From where the run before ended. A run ends where the typed text of all its replaced phrases does.
+TCRange TCExpressionTokenBuilder::typedRange(FoundationTokens run) {
+    const int64_t start = typedEnd;
+    const int64_t end = rangeOf(run.back()->range()).end();
+    typedEnd = std::max(start, mappings ? mappings->tcEndOfTBFEnd(end) : end);
+    return {start, typedEnd - start};
 }
 
 TCExpressionTokenBuilder::ShownType TCExpressionTokenBuilder::shownType(FoundationTokens run) const {
@@ -185,8 +153,7 @@ void TCExpressionTokenBuilder::append(std::shared_ptr<TCExpressionToken> token) 
 
 void TCExpressionTokenBuilder::appendPlainToken(std::size_t index) {
     const FoundationTokens run = tokens.subspan(index, 1);
-    const TCRange substituted = rangeOf(run.front()->range());
-    const TCRange typed{substituted.location + lowOffset, substituted.length};
+    const TCRange typed = typedRange(run);
     const TCRange displayed{typed.location + highOffset, typed.length};
     const ShownType shown = shownType(run);
     append(std::make_shared<TCExpressionToken>(run, typed, displayed, shown.type, shown.subType));

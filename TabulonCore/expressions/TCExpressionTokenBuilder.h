@@ -1,10 +1,9 @@
 #pragma once
 
 // Turns the analyzed foundation tokens of a substituted text into tokens for display. The foundation's tokens
-// lie end to end in the substituted text; the builder walks them and carries two running differences along,
-// from the substituted text to the typed one and from there to the displayed one. A run of foundation tokens
-// that becomes one token is a span: a replaced phrase, a comment with replaced phrases in it, or a reference
-// to another line. Used for one expression, on one thread.
+// lie end to end in the substituted text, and those made do in the typed one and in the displayed one. A run
+// of foundation tokens that becomes one token is a span: a replaced phrase or a reference to another line.
+// Used for one expression, on one thread.
 
 #include "expressions/TCExpressionMappings.h"
 #include "expressions/TCExpressionToken.h"
@@ -29,9 +28,8 @@ public:
 private:
     struct Span {
         TCRange substituted;
-        TCRange typed;
-        TCRange displayed;
-        std::size_t first = 0; // index of the first foundation token
+        std::optional<int64_t> displayedLength = std::nullopt; // as typed if not given
+        std::size_t first = 0;                                 // index of the first foundation token
         std::size_t count = 1;
         std::size_t firstInner = 0; // the argument of a reference
         std::size_t innerCount = 0;
@@ -43,11 +41,10 @@ private:
     };
 
     std::optional<Span> openSpan(std::size_t index);
-    Span spanOfComment(std::size_t index) const;
-    Span spanOfMapping(std::size_t index, const TCExpressionMappings::Mapping& mapping) const;
     std::optional<Span> spanOfLineReference(std::size_t index);
     std::size_t nextCloseBracket(std::size_t index);
     void closeSpan();
+    TCRange typedRange(FoundationTokens run);
     ShownType shownType(FoundationTokens run) const;
     int64_t evaluatedArgument(FoundationTokens argument) const;
     void append(std::shared_ptr<TCExpressionToken> token);
@@ -58,7 +55,7 @@ private:
     std::weak_ptr<const TCExpression> source;
     TCExpressionTokens made;
     std::optional<Span> span;
-    int64_t lowOffset = 0;                  // from the substituted text to the typed one
+    int64_t typedEnd = 0;                   // of the token made last
     int64_t highOffset = 0;                 // from the typed text to the displayed one
     std::vector<std::size_t> closeBrackets; // for each token the next close bracket; empty until needed
 };

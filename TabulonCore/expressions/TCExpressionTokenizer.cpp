@@ -8,21 +8,6 @@
 
 #include <utility>
 
-namespace {
-
-// Null when nothing was replaced.
-TBF::Ref<TCSimpleTokenizedExpression::RangeMappings> rangeMap(const TCExpressionMappings& mappings) {
-    if (mappings.mappings().empty()) return nullptr;
-    auto map = TCSimpleTokenizedExpression::RangeMappings::create();
-    for (const TCExpressionMappings::Mapping& mapping : mappings.mappings()) {
-        map->put(static_cast<int32_t>(mapping.tbfRange.location),
-                 static_cast<int32_t>(mapping.tbfRange.end()), mapping.tcRange);
-    }
-    return map;
-}
-
-} // namespace
-
 TCExpressionTokenizer::TCExpressionTokenizer(TCSimpleLocale locale,
                                              std::shared_ptr<TCExpressionSubstituter> substituter)
     : textLocale(locale)
@@ -37,12 +22,9 @@ TCExpressionTokenizer::tokenizeExpression(const TCExpression& expression) const 
     if (textSubstituter == TCExpressionSubstituter::defaultSubstituter() &&
         expression.isSubstitutedByDefault()) {
         return std::make_shared<TCSimpleTokenizedExpression>(tokenizer->tokenize(expression.tbfExpression()),
-                                                             rangeMap(*expression.expressionMappings()),
-                                                             length);
+                                                             expression.expressionMappings(), length);
     }
-    const auto mappings =
-        textSubstituter ? textSubstituter->applySubstitutionsToMutableString(text) : nullptr;
+    auto mappings = textSubstituter ? textSubstituter->applySubstitutionsToMutableString(text) : nullptr;
     return std::make_shared<TCSimpleTokenizedExpression>(
-        tokenizer->tokenize(TBF::Expression::create(text).get()), mappings ? rangeMap(*mappings) : nullptr,
-        length);
+        tokenizer->tokenize(TBF::Expression::create(text).get()), std::move(mappings), length);
 }

@@ -1,10 +1,13 @@
 #include "expressions/TCSimpleTokenizedExpression.h"
 
+#include "expressions/TCExpressionMappings.h"
+
+#include <algorithm>
 #include <utility>
 
 TCSimpleTokenizedExpression::TCSimpleTokenizedExpression(
-    TBF::Ref<TBF::TokenizedExpression> tokenizedExpression, TBF::Ref<RangeMappings> rangeMappings,
-    int64_t originalExpressionLength)
+    TBF::Ref<TBF::TokenizedExpression> tokenizedExpression,
+    std::shared_ptr<const TCExpressionMappings> rangeMappings, int64_t originalExpressionLength)
     : tokenized(std::move(tokenizedExpression))
     , mappings(std::move(rangeMappings))
     , typedLength(originalExpressionLength) {}
@@ -18,17 +21,12 @@ TCSimpleTokenizedExpression::Token TCSimpleTokenizedExpression::tokenAtIndex(std
     return found;
 }
 
-// A replaced phrase may be several tokens: the last of them that holds a mapped place takes the rest of the
-// phrase, and what comes behind the phrase in the same token keeps its length.
+// A replaced phrase may be several tokens: the first of them takes the whole phrase.
 TCRange TCSimpleTokenizedExpression::transformSubstitutedRange(TCRange substitutedRange,
                                                                TCRange previousTokenRange) const {
     const int64_t location = previousTokenRange.end();
-    const auto key = mappings ? mappings->findMaxKeyInRange(static_cast<int32_t>(substitutedRange.location),
-                                                            static_cast<int32_t>(substitutedRange.end()))
-                              : std::nullopt;
-    const TCRange* const mapped = key ? mappings->get(*key) : nullptr;
-    if (!mapped) return {location, substitutedRange.length};
-    return {location, substitutedRange.end() - 1 - *key + mapped->end() - location};
+    if (!mappings) return {location, substitutedRange.length};
+    return {location, std::max<int64_t>(mappings->tcEndOfTBFEnd(substitutedRange.end()) - location, 0)};
 }
 
 int64_t TCSimpleTokenizedExpression::substitutedLength() const {

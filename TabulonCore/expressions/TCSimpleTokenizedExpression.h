@@ -7,12 +7,13 @@
 #include "analysis/TokenizedExpression.h"
 #include "expressions/TCExpressionTokenTypes.h"
 #include "expressions/TCRange.h"
-#include "runtime/RangeMap.h"
 #include "runtime/Ref.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+
+class TCExpressionMappings;
 
 class TCSimpleTokenizedExpression {
 public:
@@ -23,12 +24,12 @@ public:
         TCRange range;            // in the typed text
         TCRange substitutedRange; // in the text that the foundation read
     };
-    using RangeMappings = TBF::RangeMap<TCRange>; // from places in the substituted text to typed ranges
 
     // The mappings may be null: then both texts are the same. `originalExpressionLength` is that of the typed
     // text.
     TCSimpleTokenizedExpression(TBF::Ref<TBF::TokenizedExpression> tokenizedExpression,
-                                TBF::Ref<RangeMappings> rangeMappings, int64_t originalExpressionLength);
+                                std::shared_ptr<const TCExpressionMappings> rangeMappings,
+                                int64_t originalExpressionLength);
 
     // Sends each token, in order, to `visit(token, stop)`, which may set `stop`.
     template <typename Visitor>
@@ -57,6 +58,6 @@ private:
     Token tokenAfter(const Token& previous, const TBF::ExpressionToken& foundationToken) const;
 
     TBF::Ref<TBF::TokenizedExpression> tokenized;
-    TBF::Ref<RangeMappings> mappings;
+    std::shared_ptr<const TCExpressionMappings> mappings;
     int64_t typedLength;
 };

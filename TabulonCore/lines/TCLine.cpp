@@ -4,6 +4,7 @@
 #include "expressions/TCExpression.h"
 #include "expressions/TCExpressionParser.h"
 #include "expressions/TCExpressionSubstituter.h"
+#include "expressions/TCExpressionToken.h"
 #include "expressions/TCExpressionTokenizer.h"
 #include "expressions/TCLineReferenceType.h"
 #include "expressions/TCLineVariableDeclaration.h"
@@ -58,6 +59,11 @@ std::u16string_view part(std::u16string_view text, TCRange range) {
     const auto start = static_cast<std::size_t>(range.location);
     return start <= text.size() ? text.substr(start, static_cast<std::size_t>(range.length))
                                 : std::u16string_view();
+}
+
+// Asking for the tokens of a line is dear, so lines of nothing but numbers and operators are not asked.
+bool mayNameVariable(std::u16string_view text) {
+    return text.find_first_not_of(u"0123456789 \t.,+-*/()^%=") != std::u16string_view::npos;
 }
 
 std::shared_ptr<TCExpression> expressionWithText(std::optional<std::u16string> text) {
@@ -274,11 +280,34 @@ const std::optional<TCLine::References>& TCLine::lineReferences() const {
     references->absoluteIndexes = TCIndexSet::indexSetWithIndexes(*numbers);
     TCExpressionParser::findLineReferencesInLine(*this, relativeReferenceTypes, &numbers, nullptr, false);
     if (numbers) references->relativeOffsets = TCIndexSet::indexSetWithIndexes(*numbers);
+    const auto tokens = parsedExpression()->tokensOfType(TCExpressionTokenTypeLineReference);
+    for (const auto& token : tokens.value_or(TCExpressionTokens()))
+        references->all.push_back({token->lineReferenceType(), token->lineReferenceNumber()});
     return references;
+}
+
+std::span<const TCLine::Reference> TCLine::referencesToLines() const {
+    return lineReferences() ? std::span<const Reference>(references->all) : std::span<const Reference>();
+}
+
+// A line keeps its names when others come or go, unless the collection has it parsed anew.
+const std::vector<std::u16string>& TCLine::usedVariableNames() const {
+    static const std::vector<std::u16string> none;
+    if (variableNames) return *variableNames;
+    const auto parsed = evaluableParsedExpression();
+    const auto evaluable = evaluableExpression();
+    if (!parsed || !evaluable) return none;
+    variableNames.emplace();
+    if (mayNameVariable(evaluable->stringForEvaluation())) {
+        const auto names = parsed->variableReferences();
+        variableNames->assign(names.begin(), names.end());
+    }
+    return *variableNames;
 }
 
 void TCLine::forgetReferences() {
     references.reset();
+    variableNames.reset();
     referencesKnown = false;
     directLineReferences.reset();
 }

@@ -5,6 +5,7 @@
 // which keeps the answers current. Lines are made and used on the document's thread only.
 
 #include "environment/TCSimpleLocale.h"
+#include "expressions/TCLineReferenceType.h"
 #include "lines/TCExpressionFormattingOptions.h"
 #include "lines/TCIndexSet.h"
 
@@ -12,8 +13,10 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 class TCAbstractLineExpression;
 class TCExpression;
@@ -113,6 +116,17 @@ public:
     std::optional<TCIndexSet> directRelativeLineReferenceIndexes() const;
     const std::optional<TCIndexSet>& directLineReferenceIndexes() const;
 
+    // Each reference of the parsed line, in order of its place, equal ones as well. Borrowed until the text
+    // changes.
+    struct Reference {
+        TCLineReferenceType type = TCLineReferenceTypeNone;
+        int64_t number = 0;
+    };
+    std::span<const Reference> referencesToLines() const;
+
+    // The names of variables that the evaluated part of the parsed line uses, as they are written there.
+    const std::vector<std::u16string>& usedVariableNames() const;
+
     // Identity and place. The identifier stays with the line for life.
     std::size_t index() const { return position; }
     void setIndex(std::size_t newIndex);
@@ -166,6 +180,7 @@ private:
     struct References {
         TCIndexSet absoluteIndexes;
         TCIndexSet relativeOffsets;
+        std::vector<Reference> all;
     };
     const std::optional<References>& lineReferences() const;
     void forgetReferences();
@@ -177,10 +192,11 @@ private:
     std::size_t position = 0;
     std::shared_ptr<TCLineCollection*> owner; // shared with the collection, which empties it at its end
 
-    // Caches: empty until asked for. The references of the text, none or unknown before it is parsed; their
-    // targets, which move with the line; the identifier.
+    // Caches: empty until asked for. The references of the text, none or unknown before it is parsed; the
+    // names that it uses; the targets, which move with the line; the identifier.
     mutable std::optional<References> references;
     mutable bool referencesKnown = false;
+    mutable std::optional<std::vector<std::u16string>> variableNames;
     mutable std::optional<TCIndexSet> directLineReferences;
     mutable std::u16string identifier;
 

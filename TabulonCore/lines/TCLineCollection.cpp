@@ -113,6 +113,7 @@ void TCLineCollection::removeAllLines() {
         unparsedLines.clear();
         linesWithStaleDependencies.clear();
         forgetReferencesWithoutEdge(0);
+        clearLineReferenceSnapshot();
         declarations.removeAll();
         if (const auto names = variables()) names->removeAllVariables();
     }

@@ -9,8 +9,10 @@
 
 #include "environment/TCSimpleLocale.h"
 #include "lines/TCLineCollectionChangeTracker.h"
+#include "lines/TCLineCollectionDelegate.h"
 #include "lines/TCLineDeclarationIndex.h"
 #include "lines/TCLineIndexSet.h"
+#include "lines/TCLineReferencesSnapshot.h"
 #include "runtime/Ref.h"
 #include "runtime/TBFTypes.h"
 
@@ -28,7 +30,7 @@
 
 class TCEnvironment;
 class TCLine;
-class TCLineCollectionDelegate;
+class TCLineCollectionVariable;
 class TCResult;
 class TCResultFormattingOptions;
 class TCVariableList;
@@ -155,6 +157,19 @@ public:
     // The lines that declare exactly this name, in document order.
     std::vector<std::shared_ptr<TCLine>> linesDeclaringVariableWithName(const std::u16string& name) const;
 
+    // The variables that lines declare. In any case, or in exactly this one; null for another variable.
+    std::shared_ptr<TCLineCollectionVariable> lineCollectionVariableWithName(const std::u16string& name,
+                                                                             bool exactCase) const;
+    std::vector<std::shared_ptr<TCLineCollectionVariable>>
+    directLineCollectionVariableReferencesForLine(const TCLine& line) const;
+    void updateLineCollectionVariableOwnership(TCLineCollectionVariable& variable);
+    void removeVariableIfNeeded(const std::shared_ptr<TCLineCollectionVariable>& variable);
+
+    // Notes where all references point to, ahead of a change of positions, and forgets it. Without a delegate
+    // that wants to know there is nothing to note.
+    void takeLineReferenceSnapshot();
+    void clearLineReferenceSnapshot() { referenceSnapshots.clear(); }
+
     // Called by lines: the line has a new analysed form, or lost its parsed one.
     void _lineExpressionDidChange(TCLine& line);
     void _lineNeedsParsing(TCLine& line);
@@ -178,14 +193,25 @@ private:
     void forgetReferencesWithoutEdge(std::size_t fromIndex);
     void addDependenciesForLine(const TCLine& line);
 
-    // What the names that the document declares, and its references, add to a change. The first says
-    // whether a name came or went, so that all lines read differently.
-    bool updateInternalVariableListWithChangesAtLineIndexes(
-        const TCLineIndexSet& indexes, const std::unordered_set<std::u16string>& changedNames);
+    // What the names that the document declares, and its references, add to a change.
+    struct NameChanges {
+        std::vector<std::u16string> comeAndGone; // lines with these words read differently
+
+        // A name came or went that differs from another one by case alone: words in a third case, which no
+        // line declares, mean something else now.
+        bool spellingsChanged = false;
+    };
+    NameChanges updateInternalVariableList(const std::unordered_set<std::u16string>& changedNames,
+                                           bool positionsChanged);
+    void unparseLinesThatMayUse(const std::vector<std::u16string>& names);
     TCLineIndexSet directLineCollectionVariableOwnersForLine(const TCLine& line) const;
     void storeValueOfDeclaringLine(const std::shared_ptr<TCLine>& line);
-    void takeLineReferenceSnapshot();
-    void notifyAboutLineReferenceChanges();
+    std::vector<uint32_t> linesReadByLineAtIndex(uint32_t index) const;
+    bool isReadAsVariable(std::size_t index) const;
+    void settleLineOnCycle(const std::shared_ptr<TCLine>& line);
+    TCLineReferenceShifts shiftsOfReferencesOnLine(const TCLine& line,
+                                                   const TCLineReferencesSnapshot& then) const;
+    TCLineIndexSet notifyAboutLineReferenceChanges(); // the lines that have lost their answers to it
 
     std::vector<std::shared_ptr<TCLine>> lines;
     mutable std::unordered_map<std::u16string, std::shared_ptr<TCLine>> linesByIdentifier; // see below
@@ -211,6 +237,10 @@ private:
     // as the document grows, and those to the line itself or above the first line.
     std::unordered_set<std::size_t> linesWithFarReferences;
     std::unordered_set<std::size_t> linesWithVoidReferences;
+    std::unordered_set<std::size_t> linesReadingThemselves; // by a reference or a name
+
+    // By owning line; empty but for the time from ahead of a change of positions until it was reported.
+    std::unordered_map<std::shared_ptr<TCLine>, TCLineReferencesSnapshot> referenceSnapshots;
 
     std::shared_ptr<TCLineCollection*> backReference; // to this; emptied when the collection ends
 };

@@ -50,7 +50,9 @@ void TCLineCollection::addDependenciesForLine(const TCLine& line) {
         const TCIndexSet absolute = line.directAbsoluteLineReferenceIndexes().value_or(TCIndexSet());
         for (const TCIndex target : *targets) {
             const int64_t index = target.value();
-            refersToVoid |= index < 0 || index == static_cast<int64_t>(line.index());
+            const bool refersToItself = index == static_cast<int64_t>(line.index());
+            refersToVoid |= index < 0 || refersToItself;
+            if (refersToItself) linesReadingThemselves.insert(line.index());
             if (index < 0) continue;
             if (static_cast<uint64_t>(index) >= reach) {
                 refersTooFar = true;
@@ -62,8 +64,11 @@ void TCLineCollection::addDependenciesForLine(const TCLine& line) {
             graph->addDependency(source, static_cast<uint32_t>(index), type);
         }
     }
-    for (const std::size_t declaringLine : directLineCollectionVariableOwnersForLine(line))
+    for (const std::size_t declaringLine : directLineCollectionVariableOwnersForLine(line)) {
+        if (declaringLine == line.index() && isReadAsVariable(declaringLine))
+            linesReadingThemselves.insert(line.index());
         graph->addDependency(source, graphIndex(declaringLine), TBFDependencyTypeVariable);
+    }
 
     if (refersTooFar) linesWithFarReferences.insert(line.index());
     if (refersToVoid) linesWithVoidReferences.insert(line.index());
@@ -73,6 +78,7 @@ void TCLineCollection::forgetReferencesWithoutEdge(std::size_t fromIndex) {
     const auto isBehind = [&](std::size_t index) { return index >= fromIndex; };
     std::erase_if(linesWithFarReferences, isBehind);
     std::erase_if(linesWithVoidReferences, isBehind);
+    std::erase_if(linesReadingThemselves, isBehind);
 }
 
 void TCLineCollection::rebuildDependencyGraphForLinesAtIndexes(const TCLineIndexSet& indexes) {
@@ -81,6 +87,7 @@ void TCLineCollection::rebuildDependencyGraphForLinesAtIndexes(const TCLineIndex
         graph->removeAllDependenciesForLine(graphIndex(index));
         linesWithFarReferences.erase(index);
         linesWithVoidReferences.erase(index);
+        linesReadingThemselves.erase(index);
         addDependenciesForLine(*lines[index]);
     }
 }
@@ -127,6 +134,17 @@ void TCLineCollection::updateDependencyGraph(const TCChangedLineIndexes& change,
 
 std::vector<uint32_t> TCLineCollection::evaluationOrder(const TCLineIndexSet& indexes) const {
     return graph->evaluationOrder(graphIndexes(indexes));
+}
+
+// The lines whose values this one takes up. A line depends on all declarations of a name that it uses, but
+// only the last one gives it the value.
+std::vector<uint32_t> TCLineCollection::linesReadByLineAtIndex(uint32_t index) const {
+    std::vector<uint32_t> read;
+    for (const TBF::DependencyEdge& edge : graph->directDependencies(index))
+        if (edge.typeMask != TBFDependencyTypeVariable || isReadAsVariable(edge.lineIndex))
+            read.push_back(edge.lineIndex);
+    if (linesReadingThemselves.contains(index)) read.push_back(index);
+    return read;
 }
 
 TCLineIndexSet TCLineCollection::indexesOfLinesDependingOnLineAtIndex(std::size_t index) const {

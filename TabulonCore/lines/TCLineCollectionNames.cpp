@@ -1,25 +1,160 @@
-// What the document's own names and references add to a change. The lines know which names they declare and
-// which lines they refer to; no value is kept for a name yet, and no reference follows its target.
+// The names that lines declare: a variable for each, with the lines that declare it and their values.
 
+#include "eval/TBFSettings.h"
+#include "expressions/TCExpression.h"
+#include "expressions/TCLineVariableDeclaration.h"
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
+#include "lines/TCLineCollectionVariable.h"
+#include "variables/TCVariableList.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+// Up to so many declarations of a name, each of them is a dependency of every line that uses the name. With
+// more, only the last is, which alone gives the value: otherwise a document of nothing but "x = x + 1" would
+// have as many edges as the square of its lines.
+constexpr std::size_t ownersWithEdges = 16;
+
+// With more names at once, all lines are read anew.
+constexpr std::size_t namesWorthSearching = 8;
+
+char16_t folded(char16_t character) {
+    return character >= u'A' && character <= u'Z' ? static_cast<char16_t>(character - u'A' + u'a')
+                                                  : character;
+}
+
+bool isPlain(std::u16string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char16_t character) { return character < 0x80; });
+}
+
+// Whether one of the names may stand in the text, in any case; true for texts and names in which the case of
+// a letter is not a matter of its bits.
+bool mayHold(std::u16string_view text, const std::vector<std::u16string>& names) {
+    if (!isPlain(text)) return true;
+    return std::any_of(names.begin(), names.end(), [&](const std::u16string& name) {
+        const auto isSame = [](char16_t a, char16_t b) { return folded(a) == folded(b); };
+        return !isPlain(name) ||
+               std::search(text.begin(), text.end(), name.begin(), name.end(), isSame) != text.end();
+    });
+}
+
+} // namespace
 
 std::vector<std::shared_ptr<TCLine>>
 TCLineCollection::linesDeclaringVariableWithName(const std::u16string& name) const {
     return declarations.linesDeclaring(name);
 }
 
-bool TCLineCollection::updateInternalVariableListWithChangesAtLineIndexes(
-    const TCLineIndexSet&, const std::unordered_set<std::u16string>&) {
-    return false;
+std::shared_ptr<TCLineCollectionVariable>
+TCLineCollection::lineCollectionVariableWithName(const std::u16string& name, bool exactCase) const {
+    const auto list = variables();
+    if (!list) return nullptr;
+    return std::dynamic_pointer_cast<TCLineCollectionVariable>(
+        exactCase ? list->variableWithExactCaseName(name) : list->variableWithName(name));
 }
 
-TCLineIndexSet TCLineCollection::directLineCollectionVariableOwnersForLine(const TCLine&) const {
-    return {};
+void TCLineCollection::updateLineCollectionVariableOwnership(TCLineCollectionVariable& variable) {
+    const auto owners = linesDeclaringVariableWithName(variable.name().value_or(std::u16string()));
+    variable.beginBatchOwnerLinesChange();
+    variable.removeAllOwnerLines();
+    for (const auto& owner : owners)
+        variable.addOwnerLine(owner, owner == owners.front()
+                                         ? TCVariable::wholeRange
+                                         : TCRange{static_cast<int64_t>(owner->index()), -1});
+    variable.endBatchOwnerLineChange();
 }
 
-void TCLineCollection::storeValueOfDeclaringLine(const std::shared_ptr<TCLine>&) {}
+void TCLineCollection::removeVariableIfNeeded(const std::shared_ptr<TCLineCollectionVariable>& variable) {
+    if (variable && variable->countOfOwnerLines() == 0) variables()->removeVariable(variable);
+}
 
-void TCLineCollection::takeLineReferenceSnapshot() {}
+TCLineCollection::NameChanges
+TCLineCollection::updateInternalVariableList(const std::unordered_set<std::u16string>& changedNames,
+                                             bool positionsChanged) {
+    NameChanges changes;
+    const auto list = variables();
+    if (!list) return changes;
+    const auto hasOtherSpelling = [&](const std::u16string& name) {
+        return list->containsVariableWithName(name, true, false);
+    };
+    for (const std::u16string& name : changedNames) {
+        auto variable = lineCollectionVariableWithName(name, true);
+        const bool isDeclared = !linesDeclaringVariableWithName(name).empty();
+        if (variable) {
+            updateLineCollectionVariableOwnership(*variable);
+            if (isDeclared) continue;
+            removeVariableIfNeeded(variable);
+        } else {
+            if (!isDeclared) continue;
+            changes.spellingsChanged |= hasOtherSpelling(name);
+            variable = TCLineCollectionVariable::variableWithName(name);
+            updateLineCollectionVariableOwnership(*variable);
+            list->addVariable(variable);
+        }
+        changes.comeAndGone.push_back(name);
+        if (!isDeclared) changes.spellingsChanged |= hasOtherSpelling(name);
+    }
+    if (!positionsChanged) return changes;
+    // The only declaration of a name rules all lines wherever it stands.
+    for (const std::u16string& name : declarations.namesDeclaredRepeatedly())
+        if (const auto variable = lineCollectionVariableWithName(name, true))
+            updateLineCollectionVariableOwnership(*variable);
+    return changes;
+}
 
-void TCLineCollection::notifyAboutLineReferenceChanges() {}
+void TCLineCollection::unparseLinesThatMayUse(const std::vector<std::u16string>& names) {
+    if (names.empty()) return;
+    if (names.size() > namesWorthSearching) {
+        unparseAllLines();
+        return;
+    }
+    for (const auto& line : lines) {
+        const auto evaluable = line->evaluableExpression();
+        if (line->isParsed() && evaluable && mayHold(evaluable->stringForEvaluation(), names))
+            line->unparse();
+    }
+}
+
+std::vector<std::shared_ptr<TCLineCollectionVariable>>
+TCLineCollection::directLineCollectionVariableReferencesForLine(const TCLine& line) const {
+    std::vector<std::shared_ptr<TCLineCollectionVariable>> found;
+    if (declarations.isEmpty()) return found;
+    for (const std::u16string& name : line.usedVariableNames())
+        if (auto variable = lineCollectionVariableWithName(name, false)) found.push_back(std::move(variable));
+    return found;
+}
+
+TCLineIndexSet TCLineCollection::directLineCollectionVariableOwnersForLine(const TCLine& line) const {
+    std::vector<std::size_t> indexes;
+    for (const auto& variable : directLineCollectionVariableReferencesForLine(line)) {
+        if (variable->countOfOwnerLines() > ownersWithEdges) {
+            indexes.push_back(variable->lastOwnerLine()->index());
+            continue;
+        }
+        for (const auto& owner : variable->ownerLines())
+            indexes.push_back(owner->index());
+    }
+    return TCLineIndexSet(std::move(indexes));
+}
+
+// Whether lines that use the name which this line declares read the value of this one.
+bool TCLineCollection::isReadAsVariable(std::size_t index) const {
+    if (index >= lines.size()) return false;
+    if (TBFSettingsGetBool(TBFSettingAllowsVariableRedefinitions)) return true;
+    const auto declaration = lines[index]->variableDeclaration();
+    const auto variable = declaration ? lineCollectionVariableWithName(declaration->name(), true) : nullptr;
+    return variable && variable->lastOwnerLine() == lines[index];
+}
+
+// The line's answer, or none while it has none, becomes the value of the name that it declares.
+void TCLineCollection::storeValueOfDeclaringLine(const std::shared_ptr<TCLine>& line) {
+    const auto declaration = line->variableDeclaration();
+    const auto variable = declaration ? lineCollectionVariableWithName(declaration->name(), true) : nullptr;
+    if (variable && variable->isOwnerLine(line)) {
+        int64_t error = 0;
+        variable->setValueResult(line->_resultAlongPath(nullptr, &error), line);
+    }
+}

@@ -8,6 +8,8 @@
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
 #include "lines/TCLineCollectionDelegate.h"
+#include "lines/TCLineEvaluationOrder.h"
+#include "results/TCResult.h"
 
 #include <utility>
 
@@ -70,13 +72,14 @@ void TCLineCollection::processChanges() {
     direct.remove(change.external);
 
     const std::unordered_set<std::u16string> changedNames = declarations.takeChangedNames();
-    const bool listChanged = updateInternalVariableListWithChangesAtLineIndexes(direct, changedNames);
-    if (listChanged) unparseAllLines();
+    const NameChanges names = updateInternalVariableList(changedNames, change.positionsChanged);
+    unparseLinesThatMayUse(names.comeAndGone);
     parseAllLines();
 
     change.changed.add(formerDependents(change, direct));
-    updateDependencyGraph(change, listChanged || !changedNames.empty());
-    notifyAboutLineReferenceChanges();
+    if (names.spellingsChanged) change.changed = TCLineIndexSet::withRange(0, lines.size());
+    updateDependencyGraph(change, !changedNames.empty());
+    change.changed.add(notifyAboutLineReferenceChanges());
     addLinesDisturbedByMovedPositions(change);
 
     const TCLineIndexSet evaluated = evaluateLinesAtIndexes(change.changed);
@@ -149,9 +152,14 @@ void TCLineCollection::evaluateLines() {
 
 TCLineIndexSet TCLineCollection::evaluateLinesAtIndexes(const TCLineIndexSet& indexes) {
     std::vector<std::size_t> evaluated;
-    for (const uint32_t index : evaluationOrder(indexes)) {
+    const auto order = TCLineEvaluationOrder(
+        evaluationOrder(indexes), [this](uint32_t index) { return linesReadByLineAtIndex(index); });
+    for (const auto& [index, isOnCycle] : order) {
         if (index >= lines.size()) continue;
-        evaluateLine(lines[index]);
+        if (isOnCycle)
+            settleLineOnCycle(lines[index]);
+        else
+            evaluateLine(lines[index]);
         evaluated.push_back(index);
     }
     return TCLineIndexSet(std::move(evaluated));
@@ -165,6 +173,15 @@ void TCLineCollection::evaluateLine(const std::shared_ptr<TCLine>& line) {
     if (held->lineType() == TCLineTypeVariableDeclaration) storeValueOfDeclaringLine(held);
 }
 
+// A line that depends on itself has no answer, whatever it had before: otherwise its answer would tell of the
+// order of the edits.
+void TCLineCollection::settleLineOnCycle(const std::shared_ptr<TCLine>& line) {
+    const std::shared_ptr<TCLine> held = line; // the argument may stand in `lines`
+    if (preEvaluationBlock()) preEvaluationBlock()(*held);
+    held->setResult(TCResult::emptyResult());
+    if (held->lineType() == TCLineTypeVariableDeclaration) storeValueOfDeclaringLine(held);
+}
+
 void TCLineCollection::evaluateAllLinesWithReportingMode(int32_t mode) {
     // All lines are read anew first and evaluated once: a change for each line on its own would evaluate
     // the end of a chain of lines once for every line before it.
@@ -174,7 +191,7 @@ void TCLineCollection::evaluateAllLinesWithReportingMode(int32_t mode) {
     changeProcessingEnabled = wasEnabled;
     const TCLineIndexSet all = TCLineIndexSet::withRange(0, lines.size());
     const std::unordered_set<std::u16string> changedNames = declarations.takeChangedNames();
-    if (updateInternalVariableListWithChangesAtLineIndexes(all, changedNames)) unparseAllLines();
+    updateInternalVariableList(changedNames, false); // all lines have lost their parsed forms
     parseAllLines();
     updateDependencyGraph(TCChangedLineIndexes(), !changedNames.empty());
     evaluateLinesAtIndexes(all);

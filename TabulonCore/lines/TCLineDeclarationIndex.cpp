@@ -16,7 +16,9 @@ void TCLineDeclarationIndex::update(const std::shared_ptr<TCLine>& line) {
     }
     if (!declaration) return;
     nameByLine.emplace(line, declaration->name());
-    linesByName[declaration->name()].insert(line);
+    auto& declaringLines = linesByName[declaration->name()];
+    declaringLines.insert(line);
+    if (declaringLines.size() > 1) repeatedNames.insert(declaration->name());
     changedNames.insert(declaration->name());
 }
 
@@ -25,6 +27,7 @@ void TCLineDeclarationIndex::remove(const std::shared_ptr<TCLine>& line) {
     if (known == nameByLine.end()) return;
     const auto named = linesByName.find(known->second);
     named->second.erase(line);
+    if (named->second.size() == 1) repeatedNames.erase(known->second);
     if (named->second.empty()) linesByName.erase(named);
     changedNames.insert(std::move(known->second));
     nameByLine.erase(known);
@@ -35,6 +38,7 @@ void TCLineDeclarationIndex::removeAll() {
         changedNames.insert(name);
     nameByLine.clear();
     linesByName.clear();
+    repeatedNames.clear();
 }
 
 void TCLineDeclarationIndex::noteMove(const std::shared_ptr<TCLine>& line) {

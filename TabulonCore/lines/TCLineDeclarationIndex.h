@@ -25,6 +25,9 @@ public:
     // The lines that declare exactly this name, by ascending index.
     std::vector<std::shared_ptr<TCLine>> linesDeclaring(const std::u16string& name) const;
 
+    // The names that more than one line declares.
+    const std::unordered_set<std::u16string>& namesDeclaredRepeatedly() const { return repeatedNames; }
+
     bool isEmpty() const { return nameByLine.empty(); }
 
     // True if a line at or behind `index` declares a name.
@@ -37,4 +40,5 @@ private:
     std::unordered_map<std::shared_ptr<TCLine>, std::u16string> nameByLine;
     std::unordered_map<std::u16string, std::unordered_set<std::shared_ptr<TCLine>>> linesByName;
     std::unordered_set<std::u16string> changedNames;
+    std::unordered_set<std::u16string> repeatedNames;
 };

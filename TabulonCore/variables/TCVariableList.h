@@ -9,6 +9,21 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+class TCVariable;
+class TCVariableList;
+
+// Hears of changes of the variables of a list, after they have happened.
+class TCVariableListDelegate {
+public:
+    virtual ~TCVariableListDelegate() = default;
+    virtual void variableDidUpdateInVariableList(TCVariable&, TCVariableList&) {}
+};
 
 class TCVariableList {
 public:
@@ -17,7 +32,7 @@ public:
     TCVariableList(const TCVariableList&) = delete;
     TCVariableList& operator=(const TCVariableList&) = delete;
 
-    // A new list, empty but for the standard variables behind it.
+    // A new list that lists the standard variables; they are found in the foundation's parent list.
     static std::shared_ptr<TCVariableList> listWithStandardVariables();
 
     // That of the current environment; null without one.
@@ -26,21 +41,65 @@ public:
     // Names that aren't here are looked up in the parent. May be null.
     void setParentList(std::shared_ptr<TCVariableList> list);
 
-    // Goes up with every change of the list.
+    // Goes up with every change of the list, though not with the values.
     uint64_t stateIndicator() const { return changes; }
     void registerStateChange() { ++changes; }
 
-    // The names in this list alone, and with those of all its parents.
+    // The names that expressions find in this list alone (the first two), and with those of all its parents.
+    int32_t count() const { return countOfTopLevelVariables(); }
     int32_t countOfTopLevelVariables() const;
     int32_t countOfAllVariables() const;
 
+    // What is listed here, enabled or not, in no particular order; the second with that of all parents.
+    std::vector<std::shared_ptr<TCVariable>> variables() const;
+    std::vector<std::shared_ptr<TCVariable>> allVariables() const;
+    std::vector<std::u16string> variableNames() const;
+
+    // Lookup, through aliases as well. Null for none, and for a variable that no core object stands for.
+    // Without a word on it, parents are searched.
+    std::shared_ptr<TCVariable> variableWithName(std::u16string_view name) const;
+    std::shared_ptr<TCVariable> variableWithExactCaseName(std::u16string_view name) const;
+    std::shared_ptr<TCVariable> variableWithName(std::u16string_view name, bool caseInsensitive,
+                                                 bool searchParentList) const;
+    bool containsVariableWithName(std::u16string_view name) const;
+    bool containsVariableWithExactCaseName(std::u16string_view name) const;
+    bool directlyContainsVariableWithExactCaseName(std::u16string_view name) const;
+    bool containsVariableWithName(std::u16string_view name, bool caseInsensitive,
+                                  bool searchParentList) const;
+
+    // By name; nothing happens, and nothing comes, for an unknown one, but that a value makes a variable.
+    std::optional<std::u16string> valueOfVariableWithName(std::u16string_view name) const;
+    void setValueForVariableWithName(std::optional<std::u16string> value, std::u16string_view name);
+    std::vector<std::u16string> aliasesOfVariableWithName(std::u16string_view name) const;
+    void addAliasForVariableWithName(std::u16string_view alias, std::u16string_view name);
+    void removeVariableWithName(std::u16string_view name);
+
+    // Expressions find a variable that is enabled. A variable of the same name is replaced. Null does
+    // nothing.
+    void addVariable(const std::shared_ptr<TCVariable>& variable);
+    void addVariableWithName(std::u16string_view name, std::optional<std::u16string> value);
+    void addVariableWithoutAddingToTBFVariableList(const std::shared_ptr<TCVariable>& variable);
+    void removeVariable(const std::shared_ptr<TCVariable>& variable);
     void removeAllVariables();
+
+    // Not owned; may be null.
+    TCVariableListDelegate* delegate() const { return observer; }
+    void setDelegate(TCVariableListDelegate* delegate) { observer = delegate; }
+
+    // Called by the variables of the list.
+    void variableDidUpdateName(TCVariable& variable, const std::optional<std::u16string>& oldName,
+                               const std::u16string& newName);
+    void variableDidUpdateValue(TCVariable& variable);
+    void variableDidChangeEnabledState(TCVariable& variable, bool enabled);
 
     // Borrowed; never null.
     TBFVariableListRef tbfVariableList() const { return list.get(); }
+    TBFVariableListRef combinedTBFVariableList() const { return list.get(); }
 
 private:
     TBF::Ref<TBF::VariableList> list;
     std::shared_ptr<TCVariableList> parent;
+    std::unordered_map<std::u16string, std::shared_ptr<TCVariable>> listed; // by exact name
     uint64_t changes = 0;
+    TCVariableListDelegate* observer = nullptr;
 };

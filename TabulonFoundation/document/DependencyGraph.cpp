@@ -70,6 +70,16 @@ std::vector<DependencyEdge> DependencyGraph::directDependents(uint32_t index) {
     return result;
 }
 
+std::vector<DependencyEdge> DependencyGraph::directDependencies(uint32_t index) const {
+    std::vector<DependencyEdge> result;
+    const DependencyGraphNode* const entry = existingNode(index);
+    if (!entry) return result;
+    result.reserve(entry->dependencies().size());
+    for (const auto& [node, typeMask] : entry->dependencies())
+        result.push_back({node->index(), typeMask});
+    return result;
+}
+
 std::vector<uint32_t> DependencyGraph::directDependentsInRange(uint32_t first, uint32_t end,
                                                                uint32_t mask) const {
     std::vector<uint32_t> result;

@@ -91,6 +91,9 @@ public:
     // By ascending index. Makes the entry of an unknown index, as the removals do.
     std::vector<DependencyEdge> directDependents(uint32_t index);
 
+    // What the index uses, ascending. Changes nothing.
+    std::vector<DependencyEdge> directDependencies(uint32_t index) const;
+
     // The indexes in [first, end) that have a dependent over an edge which meets the mask, each dependent
     // once, ascending. Costs what the range holds.
     std::vector<uint32_t> directDependentsInRange(uint32_t first, uint32_t end, uint32_t mask) const;

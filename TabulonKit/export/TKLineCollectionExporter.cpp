@@ -9,6 +9,7 @@
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
 #include "lines/TCLineCollectionStatistics.h"
+#include "lines/TCLineReferenceIndex.h"
 #include "results/TCResult.h"
 #include "results/TCResultFormattingOptionsContextualizer.h"
 #include "runtime/Unicode.h"
@@ -232,15 +233,30 @@ void TKLineCollectionExporter::preFormatLine(TCLine& line, TBFRange, const TKFor
 }
 
 void TKLineCollectionExporter::formatToken(const TCExpressionToken& token, TBFRange, const TKFormattableText&,
-                                           std::size_t, TKFormattableText& intoDestinationString,
+                                           std::size_t onLine, TKFormattableText& intoDestinationString,
                                            TBFRange withRange, const std::any&) {
     if (static_cast<int32_t>(token.type()) == whitespaceType) return;
     withRange.location += escapeUpTo(withRange.location, intoDestinationString);
     std::u16string span = u"<span class=\"" + classOf(token) + u"\">";
-    span += TKHTMLEscaped(intoDestinationString.substring(withRange));
+    const bool showsAnswer =
+        resolvesLineReferences && static_cast<int32_t>(token.type()) == lineReferenceType;
+    span += TKHTMLEscaped(showsAnswer ? answerOfReference(token, onLine)
+                                      : intoDestinationString.substring(withRange));
     span += u"</span>";
     intoDestinationString.replace(withRange, span);
     rawTextStart = withRange.location + static_cast<int32_t>(span.size());
+}
+
+// The answer of the line that the reference points to, or the reference in words where that has none.
+std::u16string TKLineCollectionExporter::answerOfReference(const TCExpressionToken& token,
+                                                           std::size_t onLine) const {
+    const TCLineReferenceType type = token.lineReferenceType();
+    const int64_t number = token.lineReferenceNumber();
+    const int64_t target = TCLineReferenceIndex(type, number, static_cast<int64_t>(onLine));
+    std::u16string answer;
+    if (type != TCLineReferenceTypeNull && collection->lineIndexIsValid(target))
+        answer = collection->lineAtIndex(static_cast<std::size_t>(target))->formattedResult().value_or(u"");
+    return answer.empty() ? TCLineReferenceWords(type, number, static_cast<int64_t>(onLine)) : answer;
 }
 
 void TKLineCollectionExporter::postFormatLine(TCLine&, TBFRange, const TKFormattableText&,

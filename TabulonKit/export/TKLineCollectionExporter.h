@@ -90,6 +90,7 @@ private:
     void postFormatLine(TCLine& line, TBFRange havingRange, const TKFormattableText& inSourceString,
                         TKFormattableText& intoDestinationString, TBFRange withRange,
                         const std::any& contextInfo) override;
+    std::u16string answerOfReference(const TCExpressionToken& token, std::size_t onLine) const;
     int32_t escapeUpTo(int32_t location, TKFormattableText& destination);
 
     std::shared_ptr<TCLineCollection> collection;

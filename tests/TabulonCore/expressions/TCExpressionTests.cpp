@@ -61,14 +61,30 @@ TEST(TCExpression, tokens_outlive_their_expression_without_a_text) {
 
 TEST(TCExpressionMappings, replacements_in_front_move_what_stands_behind) {
     TCExpressionMappings mappings;
-    mappings.addRangeMapping({10, 4}, {10, 13});
-    mappings.addRangeMapping({2, 1}, {2, 3});
-    mappings.offsetTBFRanges(2, 5);
+    const TCExpressionMappings::Replacement behind[] = {{{10, 4}, 13}};
+    const TCExpressionMappings::Replacement inFront[] = {{{2, 1}, 3}};
+    mappings.addReplacements(behind);
+    mappings.addReplacements(inFront);
     ASSERT_EQ(mappings.mappings().size(), 2u);
     EXPECT_EQ(mappings.findRangeMapping(2)->tbfRange, (TCRange{2, 3}));
     EXPECT_EQ(mappings.findRangeMapping(10), nullptr);
     ASSERT_NE(mappings.findRangeMapping(12), nullptr);
     EXPECT_EQ(mappings.findRangeMapping(12)->tcRange, (TCRange{10, 4}));
+}
+
+TEST(TCExpressionMappings, a_replacement_takes_in_what_it_touches) {
+    // "abcdef": "b" and "e" become longer, then "d" with a part of what stands for "e" becomes nothing.
+    TCExpressionMappings mappings;
+    const TCExpressionMappings::Replacement first[] = {{{1, 1}, 3}, {{4, 1}, 3}};
+    const TCExpressionMappings::Replacement second[] = {{{5, 2}, 0}};
+    mappings.addReplacements(first);
+    mappings.addReplacements(second);
+    ASSERT_EQ(mappings.mappings().size(), 2u);
+    EXPECT_EQ(mappings.mappings()[1].tbfRange, (TCRange{5, 2}));
+    EXPECT_EQ(mappings.mappings()[1].tcRange, (TCRange{3, 2}));
+    const int64_t ends[] = {0, 1, 2, 2, 2, 3, 5, 5, 6};
+    for (int64_t end = 0; end < 9; ++end)
+        EXPECT_EQ(mappings.tcEndOfTBFEnd(end), ends[end]) << end;
 }
 
 } // namespace

@@ -135,8 +135,8 @@ TEST(TCLineExpressionParser, other_lines_are_parsed_whole_or_not_at_all) {
 
 TEST(TCSimpleTokenizedExpression, tokens_lie_end_to_end_in_the_typed_text) {
     // "20% of 5", rewritten to a marked word: mark, word and mark stand for the four typed characters.
-    const auto map = TCSimpleTokenizedExpression::RangeMappings::create();
-    map->put(2, 15, TCRange{2, 4});
+    const auto map = std::make_shared<TCExpressionMappings>();
+    map->addRangeMapping({2, 4}, {2, 13});
     const auto foundation = TBF::ExpressionTokenizer::create(kTBFLocaleDefault)
                                 ->tokenize(TBF::Expression::create(u"20\u0016_percent_of\u0017 5").get());
     const TCSimpleTokenizedExpression tokens(foundation, map, 8);

@@ -1,0 +1,86 @@
+#include "expressions/TCExpressionClues.h"
+
+#include <algorithm>
+#include <bit>
+#include <limits>
+
+namespace {
+
+constexpr bool isDigit(char16_t unit) {
+    return unit >= u'0' && unit <= u'9';
+}
+
+constexpr bool isDelimiter(char16_t unit) {
+    return unit == u' ' || unit == u')';
+}
+
+// A regular expression's "$" stands in front of a last line end, too.
+constexpr bool isLineEnd(char16_t unit) {
+    return (unit >= 0x0A && unit <= 0x0D) || unit == 0x85 || unit == 0x2028 || unit == 0x2029;
+}
+
+constexpr char16_t inLowerCase(char16_t unit) {
+    return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + (u'a' - u'A')) : unit;
+}
+
+constexpr bool isASCII(char16_t unit) {
+    return unit < 128;
+}
+
+// Letters beyond ASCII may equal any number of others; one of them leaves the question open.
+bool mayStandBefore(std::u16string_view word, std::u16string_view text) {
+    for (std::size_t i = 1; i <= word.size(); ++i) {
+        if (i > text.size()) return false;
+        const char16_t wanted = word[word.size() - i];
+        const char16_t unit = text[text.size() - i];
+        if (!isASCII(wanted) || !isASCII(unit)) return true;
+        if (inLowerCase(wanted) != inLowerCase(unit)) return false;
+    }
+    return true;
+}
+
+} // namespace
+
+std::optional<TCExpressionClues::Set> TCExpressionClues::add(const TCExpressionClue& clue) {
+    if (clue.text.empty()) return std::nullopt;
+    const auto known = std::ranges::find(clues, clue);
+    const auto index = static_cast<std::size_t>(known - clues.begin());
+    if (index >= std::numeric_limits<Set>::digits) return std::nullopt;
+    const Set bit = Set{1} << index;
+    if (known == clues.end()) {
+        clues.push_back(clue);
+        if (clue.place == TCExpressionCluePlaceBeforeDigit) {
+            for (char16_t digit = u'0'; digit <= u'9'; ++digit)
+                triedAt[digit] |= bit;
+        } else if (isASCII(clue.text.front())) {
+            triedAt[clue.text.front()] |= bit;
+        } else {
+            triedAtOthers |= bit;
+        }
+    }
+    return bit;
+}
+
+TCExpressionClues::Set TCExpressionClues::presentIn(std::u16string_view text) const {
+    Set present = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char16_t unit = text[i];
+        Set untried = (isASCII(unit) ? triedAt[unit] : triedAtOthers) & ~present;
+        for (; untried != 0; untried &= untried - 1) {
+            const Set bit = untried & (~untried + 1);
+            if (standsAt(clues[static_cast<std::size_t>(std::countr_zero(bit))], text, i)) present |= bit;
+        }
+    }
+    return present;
+}
+
+bool TCExpressionClues::standsAt(const TCExpressionClue& clue, std::u16string_view text,
+                                 std::size_t index) const {
+    if (clue.place == TCExpressionCluePlaceBeforeDigit)
+        return mayStandBefore(clue.text, text.substr(0, index));
+    if (!text.substr(index).starts_with(clue.text)) return false;
+    if (clue.place == TCExpressionCluePlaceAnywhere) return true;
+    const std::size_t end = index + clue.text.size();
+    return index > 0 && isDelimiter(text[index - 1]) &&
+           (end == text.size() || isDelimiter(text[end]) || isLineEnd(text[end]));
+}

@@ -1,0 +1,72 @@
+#pragma once
+
+// A name that lines of a document declare. Each declaring line, an owner, rules a range of line indexes,
+// which holds the value that the line last had: the first owner rules from the top, each later one from its
+// own index on. Belongs to the variable list of one collection, which keeps the owners up to date.
+
+#include "variables/TCVariable.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+
+class TCLine;
+
+class TCLineCollectionVariable final : public TCVariable {
+public:
+    using OwnerLines = std::unordered_set<std::shared_ptr<TCLine>>;
+
+    // Without a value. A line that isn't null becomes the owner of all line indexes.
+    static std::shared_ptr<TCLineCollectionVariable> variableWithName(std::u16string_view name,
+                                                                      std::shared_ptr<TCLine> line = nullptr);
+    TCLineCollectionVariable(Passkey key, TBF::Ref<TBF::Variable> variable);
+    ~TCLineCollectionVariable() override;
+
+    // What an owner's evaluation gave; null takes its value back.
+    void setValueResult(const std::shared_ptr<TCResult>& result, const std::shared_ptr<TCLine>& ownerLine);
+    void setValueResult(const TCResult* result, TCRange lineIndexRange);
+
+    // The value that rules at a line; none without one.
+    std::optional<std::u16string> delocalizedValueForLineAtIndex(std::size_t index) const;
+    std::optional<std::u16string> localizedValueForLineAtIndex(std::size_t index) const;
+    std::optional<std::u16string> valueForLineAtIndex(std::size_t index) const {
+        return localizedValueForLineAtIndex(index);
+    }
+
+    // Owners. A range of length -1 reaches to the end, and overrides what stood there. A change of owners
+    // stands between `begin` and `end`, which brings the values to the ranges they rule then.
+    bool isOwnerLine(const std::shared_ptr<TCLine>& line) const { return owners.contains(line); }
+    std::size_t countOfOwnerLines() const { return owners.size(); }
+    const OwnerLines& ownerLines() const { return owners; }
+    std::shared_ptr<TCLine> lastOwnerLine() const; // null without owners
+    const OwnerLines& previousOwnerLines() const { return previousOwners; }
+    void addOwnerLine(const std::shared_ptr<TCLine>& line, TCRange lineIndexRange);
+    void removeAllOwnerLines();
+    void beginBatchOwnerLinesChange();
+    void endBatchOwnerLineChange();
+
+    // The first range of the owner; none if all of its ranges have been overridden, or for another line.
+    std::optional<TCRange> indexRangeForOwnerLine(const std::shared_ptr<TCLine>& line) const;
+
+    // The line given at the making; may be null.
+    const std::shared_ptr<TCLine>& line() const { return firstLine; }
+    void setLine(std::shared_ptr<TCLine> line) { firstLine = std::move(line); }
+
+private:
+    using Ranges = std::map<int64_t, std::shared_ptr<TCLine>>; // by first index; null rules nothing
+
+    void splitRangeAt(int64_t index);
+
+    OwnerLines owners;
+    OwnerLines previousOwners;
+    Ranges ranges;
+    Ranges previousRanges;
+    mutable std::unordered_map<const TCLine*, TCRange> rangeByOwner; // of `ranges`, made on demand
+    std::unordered_map<std::shared_ptr<TCLine>, std::shared_ptr<TCResult>> valueResults;
+    std::shared_ptr<TCLine> firstLine;
+};

@@ -1,0 +1,264 @@
+#include "variables/TCVariable.h"
+
+#include "environment/TCEvaluator.h"
+#include "eval/variables/Variable.h"
+#include "expressions/TCExpression.h"
+#include "results/Result.h"
+#include "results/TCResult.h"
+#include "results/TCResultFormatter.h"
+#include "runtime/String.h"
+#include "units/UnitContainer.h"
+#include "units/UnitFraction.h"
+#include "variables/TCVariableList.h"
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+namespace {
+
+constexpr int32_t nameErrorCode = 2048;
+constexpr std::u16string_view exponentText = u"*10^";
+
+TBF::Ref<TBF::String> stringOf(const std::optional<std::u16string>& text) {
+    return text ? TBF::String::create(*text) : nullptr;
+}
+
+std::optional<std::u16string> textOf(const TBF::String* string) {
+    return string ? std::optional(string->utf16()) : std::nullopt;
+}
+
+TBFRange scopesOf(TCRange range) {
+    const bool runsToEnd = range.length < 0 || range.length > TBFRangeLengthMax;
+    return {static_cast<int32_t>(std::clamp<int64_t>(range.location, 0, TBFRangeLengthMax)),
+            runsToEnd ? TBFRangeLengthMax : static_cast<int32_t>(range.length)};
+}
+
+TCVariable::Unit unitOf(const TCResult& result) {
+    const TBFResultRef source = result.tbfResult();
+    TBF::UnitFraction* const fraction = source ? source->unitFraction() : nullptr;
+    if (!fraction) return nullptr;
+    auto unit = TBF::UnitContainer::create();
+    unit->setUnitFraction(TBF::retain(fraction));
+    return unit;
+}
+
+} // namespace
+
+std::shared_ptr<TCVariable> TCVariable::variableWithName(std::optional<std::u16string> name) {
+    auto foundation = TBF::Variable::create();
+    if (name) foundation->setName(TBF::String::create(*name));
+    return std::make_shared<TCVariable>(Passkey(), std::move(foundation));
+}
+
+std::shared_ptr<TCVariable> TCVariable::variableWithName(std::optional<std::u16string> name,
+                                                         std::optional<std::u16string> localizedValue) {
+    auto variable = variableWithName(std::move(name));
+    variable->setValue(std::move(localizedValue));
+    return variable;
+}
+
+std::shared_ptr<TCVariable> TCVariable::variableWithName(std::optional<std::u16string> name,
+                                                         const TCResult* result) {
+    auto variable = variableWithName(std::move(name));
+    variable->setResultValue(result);
+    return variable;
+}
+
+std::shared_ptr<TCVariable> TCVariable::variableWithName(std::optional<std::u16string> name,
+                                                         std::optional<std::u16string> delocalizedValue,
+                                                         uint32_t resultFlags, Unit unit) {
+    auto variable = variableWithName(std::move(name));
+    variable->setDelocalizedValue(std::move(delocalizedValue), resultFlags, std::move(unit));
+    return variable;
+}
+
+std::shared_ptr<TCVariable> TCVariable::variableWithTBFVariable(TBF::Ref<TBF::Variable> variable) {
+    auto wrapper = std::make_shared<TCVariable>(Passkey(), std::move(variable));
+    if (auto text = wrapper->delocalizedValue()) wrapper->setDelocalizedValue(std::move(text), 0, nullptr);
+    return wrapper;
+}
+
+TCVariable::TCVariable(Passkey, TBF::Ref<TBF::Variable> variable)
+    : foundationVariable(std::move(variable)) {
+    foundationVariable->setWrapperObject(this);
+}
+
+TCVariable::~TCVariable() {
+    // A standard variable may have been wrapped again since.
+    if (foundationVariable->wrapperObject() == this) foundationVariable->setWrapperObject(nullptr);
+}
+
+std::shared_ptr<TCVariable> TCVariable::copy() const {
+    auto twin = variableWithName(name(), delocalizedValue(), resultFlags(), ownUnit);
+    twin->locale = locale;
+    twin->localizedText = localizedText;
+    return twin;
+}
+
+std::size_t TCVariable::hash() const {
+    return std::hash<std::u16string>()(name().value_or(std::u16string()));
+}
+
+std::optional<std::u16string> TCVariable::name() const {
+    return textOf(foundationVariable->name());
+}
+
+bool TCVariable::changeName(std::u16string_view newName) {
+    saveState();
+    if (!foundationVariable->setName(TBF::String::create(newName))) return false;
+    if (owningList) owningList->variableDidUpdateName(*this, stateBefore.name(), std::u16string(newName));
+    return true;
+}
+
+std::vector<std::u16string> TCVariable::aliases() const {
+    std::vector<std::u16string> texts;
+    for (const auto& alias : foundationVariable->aliases())
+        texts.push_back(alias->utf16());
+    return texts;
+}
+
+void TCVariable::addAlias(std::u16string_view alias) {
+    foundationVariable->addAlias(TBF::String::create(alias));
+}
+
+std::optional<std::u16string> TCVariable::localizedValue() const {
+    if (!localizedText) localizedText = localizedValueFromDelocalizedValue(delocalizedValue());
+    return localizedText;
+}
+
+std::optional<std::u16string> TCVariable::delocalizedValue() const {
+    return textOf(TBFVariableGetValueReference(foundationVariable.get()));
+}
+
+void TCVariable::setValue(std::optional<std::u16string> text) {
+    if (setLocalizedValue(std::move(text)) && owningList) owningList->variableDidUpdateValue(*this);
+}
+
+bool TCVariable::setLocalizedValue(std::optional<std::u16string> text) {
+    if (text && text->empty()) text.reset();
+    if (text && text == localizedText) return false;
+    setDelocalizedValue(delocalizedValueFromLocalizedValue(text), resultFlags(), ownUnit);
+    localizedText = std::move(text);
+    return true;
+}
+
+// Nothing is set anew that stands already, both behind the last line and where the range begins.
+bool TCVariable::setDelocalizedValue(std::optional<std::u16string> text, uint32_t flags, Unit newUnit,
+                                     TCRange scopeRange) {
+    if (text && text->empty()) text.reset();
+    const bool sameText = text && text == delocalizedValue();
+    const bool sameUnit = newUnit == ownUnit;
+    ownUnit = std::move(newUnit);
+    const TBFRange scopes = scopesOf(scopeRange);
+    const TBF::VariableValue* const first = foundationVariable->valueAt(scopes.location);
+    const bool sameAtFirst = first && textOf(first->string()) == text && first->flags() == flags &&
+                             first->unitContainer() == ownUnit.get();
+    if (sameText && resultFlags() == flags && sameUnit && sameAtFirst) return true;
+    foundationVariable->setValue(stringOf(text), flags & TBFResultFlagPercent, ownUnit, scopes);
+    if (!sameText) localizedText.reset();
+    return true;
+}
+
+void TCVariable::setDelocalizedValueOfResult(const TCResult* result, TCRange scopeRange) {
+    if (result)
+        setDelocalizedValue(result->completeStringValue(), result->flags(), unitOf(*result), scopeRange);
+    else
+        setDelocalizedValue(std::nullopt, 0, nullptr, scopeRange);
+}
+
+void TCVariable::setResultValue(const TCResult* result) {
+    setDelocalizedValueOfResult(result, wholeRange);
+    if (owningList) owningList->variableDidUpdateValue(*this);
+}
+
+uint32_t TCVariable::resultFlags() const {
+    return TBFVariableGetResultFlags(foundationVariable.get()) & TBFResultFlagPercent;
+}
+
+void TCVariable::setUnit(Unit newUnit) {
+    if (newUnit != ownUnit) setDelocalizedValue(delocalizedValue(), resultFlags(), std::move(newUnit));
+}
+
+std::u16string TCVariable::displayValue() const {
+    std::u16string text = value().value_or(std::u16string());
+    if (resultFlags() & TBFResultFlagPercent) text += u'%';
+    return text;
+}
+
+void TCVariable::setEnabled(bool enable) {
+    if (enable == isEnabled) return;
+    isEnabled = enable;
+    if (owningList) owningList->variableDidChangeEnabledState(*this, enable);
+}
+
+bool TCVariable::isNoNewLocale(TCSimpleLocale newLocale) const {
+    return newLocale.decimalPoint == newLocale.thousandsSeparator || newLocale == locale;
+}
+
+void TCVariable::setLocaleWithDecimalPoint(TBFChar decimalPoint, TBFChar thousandsSeparator) {
+    const TCSimpleLocale newLocale{decimalPoint, thousandsSeparator};
+    if (isNoNewLocale(newLocale)) return;
+    const std::optional<std::u16string> text = localizedValue();
+    locale = newLocale;
+    setDelocalizedValue(delocalizedValueFromLocalizedValue(text), resultFlags(), ownUnit);
+    localizedText = text;
+    if (owningList) owningList->variableDidUpdateValue(*this);
+}
+
+void TCVariable::convertToLocaleWithDecimalPoint(TBFChar decimalPoint, TBFChar thousandsSeparator) {
+    const TCSimpleLocale newLocale{decimalPoint, thousandsSeparator};
+    if (isNoNewLocale(newLocale)) return;
+    locale = newLocale;
+    setValue(localizedValueFromDelocalizedValue(delocalizedValue()));
+}
+
+std::optional<std::u16string>
+TCVariable::delocalizedValueFromLocalizedValue(std::optional<std::u16string> text) const {
+    if (!text) return std::nullopt;
+    return TCExpression(std::move(text), locale).delocalizedString();
+}
+
+std::optional<std::u16string>
+TCVariable::localizedValueFromDelocalizedValue(std::optional<std::u16string> text) const {
+    if (!text) return std::nullopt;
+    TCExpression expression(std::move(text));
+    expression.convertToLocaleWithDecimalPoint(locale.decimalPoint, locale.thousandsSeparator);
+    return expression.originalString();
+}
+
+bool TCVariable::validateName(const std::optional<std::u16string>& name, TCVariableNameError* error) {
+    if (!name || name->empty()) {
+        if (error)
+            *error = {nameErrorCode, u"A variable must have a name.",
+                      u"Please give the variable a name and try again."};
+        return false;
+    }
+    if (name->find(u' ') == std::u16string::npos) return true;
+    if (error)
+        *error = {nameErrorCode, u"A variable cannot have more than one word.",
+                  u"Please do not use a space in your variable name."};
+    return false;
+}
+
+bool TCVariable::validateValue(std::optional<std::u16string>& text) const {
+    if (!text) {
+        text = u"1.0";
+        return true;
+    }
+    const auto evaluator = TCEvaluator::sharedEvaluator();
+    if (!evaluator) return true;
+    const auto result = evaluator->evaluateExpression(std::make_shared<TCExpression>(text, locale));
+    auto options =
+        TCResultFormattingOptions::formattingOptionsWithDisplayFormat(TCDisplayFormatNormal, locale);
+    options.setThousandsSeparator(false);
+    options.setThousandsSeparatorCharacter(locale.thousandsSeparator);
+    options.setDecimalPlaceCharacter(locale.decimalPoint);
+    options.setShowPercentSign(false);
+    options.setShowUnit(false);
+    text = TCResultFormatter::sharedInstance().stringValueForResult(result.get(), options);
+    if (!text) return true;
+    for (std::size_t at = text->find(exponentText); at != std::u16string::npos; at = text->find(exponentText))
+        text->replace(at, exponentText.size(), u"e");
+    return true;
+}

@@ -1,0 +1,125 @@
+#include "variables/TCVariable.h"
+
+#include "lines/LineCollectionTesting.h"
+#include "results/TCResult.h"
+#include "units/UnitContainer.h"
+#include "variables/TCVariableList.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using testing::ElementsAre;
+using testing::UnorderedElementsAre;
+
+namespace {
+
+class CountingDelegate : public TCVariableListDelegate {
+public:
+    void variableDidUpdateInVariableList(TCVariable& variable, TCVariableList&) override {
+        names.push_back(TBF::utf8(variable.name().value_or(u"")));
+    }
+    std::vector<std::string> names;
+};
+
+TEST(Variable, TextsInBothLocales) {
+    const auto variable = TCVariable::variableWithName(u"x", std::u16string(u"1,234.5"));
+    EXPECT_EQ(variable->delocalizedValue(), u"1,234.5");
+    variable->setDelocalizedValue(u"1234.5", 0, nullptr);
+    variable->convertToLocaleWithDecimalPoint(u',', u'.');
+    EXPECT_EQ(variable->value(), u"1234,5");
+    EXPECT_EQ(variable->delocalizedValue(), u"1234.5");
+    variable->setLocaleWithDecimalPoint(u'.', u','); // the text stays
+    EXPECT_EQ(variable->value(), u"1234,5");
+    variable->setLocaleWithDecimalPoint(u';', u';');
+    EXPECT_EQ(variable->value(), u"1234,5");
+}
+
+TEST(Variable, EmptyTextIsNoValue) {
+    const auto variable = TCVariable::variableWithName(u"x", std::u16string(u"4"), 1, nullptr);
+    EXPECT_EQ(variable->displayValue(), u"4%");
+    EXPECT_EQ(variable->copy()->displayValue(), u"4%");
+    variable->setDelocalizedValue(u"", 0, nullptr);
+    EXPECT_FALSE(variable->value());
+    EXPECT_EQ(variable->displayValue(), u"");
+    variable->setResultValue(TCResult::resultWithRawResultString(u"2.50").get());
+    EXPECT_EQ(variable->value(), u"2.5");
+}
+
+TEST(Variable, Validation) {
+    TCVariableNameError error;
+    EXPECT_TRUE(TCVariable::validateName(u"rate", nullptr));
+    EXPECT_FALSE(TCVariable::validateName(u"", &error));
+    EXPECT_EQ(error.description, u"A variable must have a name.");
+    EXPECT_FALSE(TCVariable::validateName(u"my rate", &error));
+    EXPECT_EQ(error.code, 2048);
+    EXPECT_EQ(error.recoverySuggestion, u"Please do not use a space in your variable name.");
+
+    useEvaluatingEnvironment();
+    const auto variable = TCVariable::variableWithName(u"x");
+    const std::pair<std::optional<std::u16string>, std::u16string> rows[] = {
+        {std::nullopt, u"1.0"}, {u"2*3", u"6"}, {u"1000*1000", u"1000000"}, {u"5%", u"5"}};
+    for (auto [text, expected] : rows) {
+        EXPECT_TRUE(variable->validateValue(text));
+        EXPECT_EQ(text, expected);
+    }
+}
+
+TEST(VariableList, LookupByCaseAliasAndParent) {
+    const auto list = TCVariableList::listWithStandardVariables();
+    EXPECT_THAT(list->variableNames(), ElementsAre(u"pi"));
+    EXPECT_EQ(list->count(), 0); // found in the parent
+    EXPECT_TRUE(list->containsVariableWithName(u"PI"));
+    EXPECT_TRUE(list->containsVariableWithName(u"π"));
+    EXPECT_FALSE(list->containsVariableWithExactCaseName(u"PI"));
+    EXPECT_FALSE(list->variableWithName(u"pi", true, false));
+
+    const auto child = std::make_shared<TCVariableList>();
+    child->setParentList(list);
+    child->addVariableWithName(u"Rate", std::u16string(u"3"));
+    child->addAliasForVariableWithName(u"r", u"rate");
+    EXPECT_EQ(child->valueOfVariableWithName(u"R"), u"3");
+    EXPECT_THAT(child->aliasesOfVariableWithName(u"Rate"), ElementsAre(u"r"));
+    EXPECT_TRUE(child->directlyContainsVariableWithExactCaseName(u"Rate"));
+    EXPECT_FALSE(child->directlyContainsVariableWithExactCaseName(u"rate"));
+    EXPECT_EQ(child->allVariables().size(), 2u);
+    EXPECT_EQ(child->countOfAllVariables(), 2);
+    child->setValueForVariableWithName(u"4", u"rate");
+    child->setValueForVariableWithName(u"9", u"fresh");
+    EXPECT_THAT(child->variableNames(), UnorderedElementsAre(u"Rate", u"fresh"));
+    child->removeVariableWithName(u"FRESH");
+    child->removeVariableWithName(u"pi"); // not this list's
+    EXPECT_EQ(child->valueOfVariableWithName(u"rate"), u"4");
+    EXPECT_TRUE(child->containsVariableWithName(u"pi"));
+}
+
+TEST(VariableList, ChangesOfItsVariables) {
+    TCVariableList list;
+    CountingDelegate delegate;
+    list.setDelegate(&delegate);
+    const auto variable = TCVariable::variableWithName(u"a", std::u16string(u"1"));
+    list.addVariable(variable);
+    list.addVariableWithName(u"b", std::u16string(u"2"));
+    uint64_t state = list.stateIndicator();
+    EXPECT_FALSE(variable->changeName(u"b")); // taken
+    variable->setValue(u"5");
+    EXPECT_EQ(list.stateIndicator(), state);
+    EXPECT_TRUE(variable->changeName(u"A"));
+    EXPECT_EQ(variable->previousState().name(), u"a");
+    EXPECT_NE(list.stateIndicator(), state);
+    EXPECT_EQ(list.valueOfVariableWithName(u"a"), u"5");
+    EXPECT_THAT(list.variableNames(), UnorderedElementsAre(u"A", u"b"));
+
+    state = list.stateIndicator();
+    variable->setEnabled(false);
+    EXPECT_NE(list.stateIndicator(), state);
+    EXPECT_FALSE(list.containsVariableWithName(u"A"));
+    EXPECT_EQ(list.variables().size(), 2u);
+    variable->setEnabled(true);
+    EXPECT_TRUE(list.containsVariableWithName(u"A"));
+    EXPECT_THAT(delegate.names, ElementsAre("a", "A", "A", "A"));
+    list.removeAllVariables();
+    EXPECT_EQ(list.count(), 0);
+    EXPECT_EQ(variable->variableList(), nullptr);
+}
+
+} // namespace

@@ -65,6 +65,7 @@ TEST(Variable, Validation) {
 }
 
 TEST(VariableList, LookupByCaseAliasAndParent) {
+    useEvaluatingEnvironment();
     const auto list = TCVariableList::listWithStandardVariables();
     EXPECT_THAT(list->variableNames(), ElementsAre(u"pi"));
     EXPECT_EQ(list->count(), 0); // found in the parent

@@ -39,6 +39,8 @@ TCLineCollection::TCLineCollection(const std::shared_ptr<TCEnvironment>& parentE
 
 TCLineCollection::~TCLineCollection() {
     *backReference = nullptr;
+    // The names that lines declare own those lines, whose texts know the names.
+    if (const auto names = variables()) names->removeAllVariables();
 }
 
 void TCLineCollection::addLine(const std::shared_ptr<TCLine>& line) {

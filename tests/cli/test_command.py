@@ -78,6 +78,13 @@ class AnswersTests(CommandTests):
             ("// nothing but a comment", ""),
             ("", ""),
             ("10/0", "Error: Divide by Zero"),
+            ("what is 15% off 80", "68"),
+            ("25% of what is 18", "72"),
+            ("50 as a percentage increase of 40", "25%"),
+            ("Flat 4 rent 900", "900"),
+            ("2 + 3 apples * 4", "14"),
+            ("line1 * 2", "2,471"),
+            ("She walked along the road, one log at a time.", ""),
         ]
         text = "".join(line + "\n" for line, _ in rows)
         self.assertEqual(self.output_of("answers", "-", stdin=text).split("\n")[:-1], [answer for _, answer in rows])
@@ -267,6 +274,13 @@ class FileTests(CommandTests):
         self.output_of("export", source, "--format", "html", "-o", "/dev/null")
         self.assertTrue(os.path.exists("/dev/null") and not os.path.isfile("/dev/null"))
         self.assert_failure(self.run_command("convert", source, "/dev/null"), "/dev/null", "can be replaced")
+
+    def test_the_month_answers_alike_as_text_and_as_a_document(self):
+        text, stored = (self.output_of("answers", str(EXAMPLES / name)) for name in ("month.txt", "month.tabulon"))
+        self.assertEqual(text, stored)
+        answers = dict(enumerate(text.split("\n"), start=1))
+        rows = [(7, "3,450"), (16, "39.63%"), (33, "54.4"), (40, "1,259.89"), (43, "3"), (54, "882")]
+        self.assertEqual([(number, answers[number]) for number, _ in rows], rows)
 
     def test_the_examples_hold_no_errors(self):
         for example in sorted(EXAMPLES.iterdir()):

@@ -14,6 +14,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace {
 
@@ -84,7 +85,7 @@ protected:
         return request;
     }
 
-    const std::filesystem::path folder = testing::TempDir() + "plugin-tests";
+    const std::filesystem::path folder = testing::TempDir() + "plugin-tests-" + std::to_string(getpid());
     QLGeneratorInstance plugin = nullptr;
 };
 

@@ -7,6 +7,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <fstream>
@@ -22,7 +23,7 @@ using testing::HasSubstr;
 class DocumentFile {
 public:
     explicit DocumentFile(const std::string& sections = "")
-        : path(testing::TempDir() + "tabulon-file-test.xml") {
+        : path(testing::TempDir() + "tabulon-file-test-" + std::to_string(getpid()) + ".xml") {
         std::ofstream(path) << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<data>" << sections << "</data>";
     }
     ~DocumentFile() { std::remove(path.c_str()); }

@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <filesystem>
@@ -185,7 +186,7 @@ std::string repeated(const std::string& text, int count) {
 
 // None of these may take time or memory that grows faster than the file, or touch another file.
 TEST(FileReader, survivesHostileFiles) {
-    const std::string secret = testing::TempDir() + "tabulon-secret.txt";
+    const std::string secret = testing::TempDir() + "tabulon-secret-" + std::to_string(getpid()) + ".txt";
     std::ofstream(secret) << "secret";
     std::string bomb = declaration + "<!DOCTYPE data [<!ENTITY a0 \"aaaaaaaaaa\">";
     for (int i = 1; i < 30; ++i) {

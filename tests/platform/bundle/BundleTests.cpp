@@ -4,12 +4,13 @@
 #include <fstream>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace platform {
 namespace {
 
 TEST(BundleTests, ResourcesAreFoundInTheFolderOfTheIdentifier) {
-    const std::filesystem::path folder = testing::TempDir() + "bundle-tests";
+    const std::filesystem::path folder = testing::TempDir() + "bundle-tests-" + std::to_string(getpid());
     std::filesystem::create_directories(folder / "Content.bundle");
     std::ofstream(folder / "Colors.plist") << "x";
     Bundle::registerBundle("example.first", folder.string());

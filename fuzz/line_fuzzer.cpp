@@ -3,7 +3,6 @@
 
 #include "environment/TCBuiltins.h"
 #include "environment/TCEnvironment.h"
-#include "environment/TCEvaluator.h"
 #include "environment/TCSettings.h"
 #include "export/TKLineCollectionExporter.h"
 #include "lines/TCLine.h"
@@ -23,13 +22,7 @@ void startOnce() {
     if (TCSettings::isSet()) return;
     TBFErrorLogSetEnabled(0);
     TCSettings::make()->set();
-    const auto environment = TCEnvironment::make();
-    environment->setFunctions(TCBuiltins::functions());
-    environment->setVariables(TCBuiltins::variables());
-    environment->setWordOperators(TCBuiltins::wordOperators());
-    environment->setSharedEvaluator(
-        std::make_shared<TCEvaluator>(nullptr, environment->variables(), environment->wordOperators()));
-    environment->set();
+    TCBuiltins::environment()->set();
 }
 
 // Factorials of large numbers are allowed to take seconds, which would be all that the fuzzer does.

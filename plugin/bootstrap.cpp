@@ -2,7 +2,6 @@
 
 #include "environment/TCBuiltins.h"
 #include "environment/TCEnvironment.h"
-#include "environment/TCEvaluator.h"
 #include "environment/TCSettings.h"
 
 #include <mutex>
@@ -11,13 +10,7 @@ namespace {
 
 // The environment of what every engine knows from the start, made current.
 void setupSharedInstances() {
-    const auto environment = TCEnvironment::make();
-    environment->setVariables(TCBuiltins::variables());
-    environment->setWordOperators(TCBuiltins::wordOperators());
-    environment->setFunctions(TCBuiltins::functions());
-    environment->setSharedEvaluator(std::make_shared<TCEvaluator>(
-        environment->unitManager(), environment->variables(), environment->wordOperators()));
-    environment->set();
+    TCBuiltins::environment()->set();
 }
 
 } // namespace

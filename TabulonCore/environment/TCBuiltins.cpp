@@ -1,5 +1,7 @@
 #include "environment/TCBuiltins.h"
 
+#include "environment/TCEnvironment.h"
+#include "environment/TCEvaluator.h"
 #include "environment/TCFunctionList.h"
 #include "environment/TCWordOperatorList.h"
 #include "eval/functions/FunctionImplementation.h"
@@ -52,4 +54,14 @@ std::shared_ptr<TCFunctionList> TCBuiltins::functions() {
         list->add(function);
     }
     return std::make_shared<TCFunctionList>(std::move(list));
+}
+
+std::shared_ptr<TCEnvironment> TCBuiltins::environment() {
+    const auto made = TCEnvironment::make();
+    made->setVariables(variables());
+    made->setWordOperators(wordOperators());
+    made->setFunctions(functions());
+    made->setSharedEvaluator(
+        std::make_shared<TCEvaluator>(made->unitManager(), made->variables(), made->wordOperators()));
+    return made;
 }

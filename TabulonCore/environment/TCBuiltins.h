@@ -5,6 +5,7 @@
 
 #include <memory>
 
+class TCEnvironment;
 class TCFunctionList;
 class TCVariableList;
 class TCWordOperatorList;
@@ -14,4 +15,7 @@ public:
     static std::shared_ptr<TCWordOperatorList> wordOperators();
     static std::shared_ptr<TCVariableList> variables();
     static std::shared_ptr<TCFunctionList> functions();
+
+    // An environment of these lists, without units, with an evaluator over them. Not current until it is set.
+    static std::shared_ptr<TCEnvironment> environment();
 };

@@ -4,7 +4,6 @@
 
 #include "environment/TCBuiltins.h"
 #include "environment/TCEnvironment.h"
-#include "environment/TCEvaluator.h"
 #include "environment/TCSettings.h"
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
@@ -21,13 +20,7 @@ namespace {
 
 void start() {
     TCSettings::make()->set();
-    const auto environment = TCEnvironment::make();
-    environment->setFunctions(TCBuiltins::functions());
-    environment->setVariables(TCBuiltins::variables());
-    environment->setWordOperators(TCBuiltins::wordOperators());
-    environment->setSharedEvaluator(
-        std::make_shared<TCEvaluator>(nullptr, environment->variables(), environment->wordOperators()));
-    environment->set();
+    TCBuiltins::environment()->set();
 }
 
 std::u16string text(std::size_t number) {

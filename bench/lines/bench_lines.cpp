@@ -7,7 +7,6 @@
 
 #include "environment/TCBuiltins.h"
 #include "environment/TCEnvironment.h"
-#include "environment/TCEvaluator.h"
 #include "environment/TCSettings.h"
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
@@ -57,13 +56,7 @@ struct Times {
 
 void start() {
     TCSettings::make()->set();
-    const auto environment = TCEnvironment::make();
-    environment->setFunctions(TCBuiltins::functions());
-    environment->setVariables(TCBuiltins::variables());
-    environment->setWordOperators(TCBuiltins::wordOperators());
-    environment->setSharedEvaluator(
-        std::make_shared<TCEvaluator>(nullptr, environment->variables(), environment->wordOperators()));
-    environment->set();
+    TCBuiltins::environment()->set();
 }
 
 std::vector<Section> sectionsOfFile(const char* path) {

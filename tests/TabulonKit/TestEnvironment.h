@@ -5,7 +5,6 @@
 
 #include "environment/TCBuiltins.h"
 #include "environment/TCEnvironment.h"
-#include "environment/TCEvaluator.h"
 #include "environment/TCSettings.h"
 
 namespace TestEnvironment {
@@ -13,13 +12,7 @@ namespace TestEnvironment {
 inline void set() {
     if (TCSettings::isSet()) return;
     TCSettings::make()->set();
-    const auto environment = TCEnvironment::make();
-    environment->setFunctions(TCBuiltins::functions());
-    environment->setVariables(TCBuiltins::variables());
-    environment->setWordOperators(TCBuiltins::wordOperators());
-    environment->setSharedEvaluator(
-        std::make_shared<TCEvaluator>(nullptr, environment->variables(), environment->wordOperators()));
-    environment->set();
+    TCBuiltins::environment()->set();
 }
 
 } // namespace TestEnvironment

@@ -5,7 +5,6 @@
 
 #include "environment/TCBuiltins.h"
 #include "environment/TCEnvironment.h"
-#include "environment/TCEvaluator.h"
 #include "environment/TCSettings.h"
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
@@ -21,13 +20,7 @@
 // Makes an environment current in which numbers, functions and references evaluate; there are no units.
 inline void useEvaluatingEnvironment() {
     if (!TCSettings::isSet()) TCSettings::make()->set();
-    const auto environment = TCEnvironment::make();
-    environment->setVariables(TCBuiltins::variables());
-    environment->setWordOperators(TCBuiltins::wordOperators());
-    environment->setFunctions(TCBuiltins::functions());
-    environment->setSharedEvaluator(
-        std::make_shared<TCEvaluator>(nullptr, environment->variables(), environment->wordOperators()));
-    environment->set();
+    TCBuiltins::environment()->set();
 }
 
 inline std::shared_ptr<TCLine> lineOf(std::string_view text) {

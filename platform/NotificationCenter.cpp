@@ -1,5 +1,7 @@
 #include "NotificationCenter.h"
 
+#include "dispatch/MainQueue.h"
+
 #include <algorithm>
 #include <atomic>
 #include <iterator>
@@ -13,11 +15,16 @@ struct NotificationCenter::Observer {
     std::string name;
     const void* object;
     Callback callback;
+    bool onMainQueue = false;
     std::atomic<bool> ended{false};
 
     bool wants(const Notification& notification) const {
         return (name.empty() || name == notification.name) &&
                (!object || object == notification.object.get());
+    }
+
+    void tell(const Notification& notification) const {
+        if (!ended) callback(notification);
     }
 };
 
@@ -68,6 +75,16 @@ NotificationCenter& NotificationCenter::shared() {
 
 NotificationCenter::Observation NotificationCenter::addObserver(std::string_view name, const void* object,
                                                                 Callback callback) {
+    return add(name, object, std::move(callback), false);
+}
+
+NotificationCenter::Observation
+NotificationCenter::addMainQueueObserver(std::string_view name, const void* object, Callback callback) {
+    return add(name, object, std::move(callback), true);
+}
+
+NotificationCenter::Observation NotificationCenter::add(std::string_view name, const void* object,
+                                                        Callback callback, bool onMainQueue) {
     Observation observation;
     if (!callback) return observation;
     observation.registry = registry;
@@ -75,6 +92,7 @@ NotificationCenter::Observation NotificationCenter::addObserver(std::string_view
     observation.observer->name = name;
     observation.observer->object = object;
     observation.observer->callback = std::move(callback);
+    observation.observer->onMainQueue = onMainQueue;
     const std::lock_guard lock(registry->mutex);
     registry->observers.push_back(observation.observer);
     return observation;
@@ -88,8 +106,12 @@ void NotificationCenter::post(std::string_view name, std::shared_ptr<void> objec
         std::copy_if(registry->observers.begin(), registry->observers.end(), std::back_inserter(addressees),
                      [&](const auto& observer) { return observer->wants(notification); });
     }
-    for (const auto& observer : addressees)
-        if (!observer->ended) observer->callback(notification);
+    for (const auto& observer : addressees) {
+        if (observer->onMainQueue && !MainQueue::shared().isCurrent())
+            MainQueue::shared().async([observer, notification] { observer->tell(notification); });
+        else
+            observer->tell(notification);
+    }
 }
 
 } // namespace platform

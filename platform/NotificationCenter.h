@@ -1,8 +1,9 @@
 #pragma once
 
 // Named broadcasts between parts of the system that don't know each other. Who posts gives a name, the
-// object that the news is about and free details; who observes is called back on the poster's thread, in
-// the order in which the observers were added. Any thread may post, add observers and end observations.
+// object that the news is about and free details; who observes is called back in the order in which the
+// observers were added, on the poster's thread or on the main queue. Any thread may post, add observers and
+// end observations.
 
 #include <any>
 #include <functional>
@@ -64,11 +65,18 @@ public:
     // by address and not kept alive. A null callback observes nothing.
     [[nodiscard]] Observation addObserver(std::string_view name, const void* object, Callback callback);
 
-    // Returns when all observers have been called. Those added meanwhile hear the next notification; those
-    // that end meanwhile are left out.
+    // The same with the callback on the main queue: at once for news that are posted there, and otherwise as
+    // a job of that queue, for which `post` doesn't wait.
+    [[nodiscard]] Observation addMainQueueObserver(std::string_view name, const void* object,
+                                                   Callback callback);
+
+    // Returns when all observers on this thread have been called. Those added meanwhile hear the next
+    // notification; those that end meanwhile are left out.
     void post(std::string_view name, std::shared_ptr<void> object = nullptr, UserInfo userInfo = {});
 
 private:
+    Observation add(std::string_view name, const void* object, Callback callback, bool onMainQueue);
+
     std::shared_ptr<Registry> registry;
 };
 

@@ -8,7 +8,6 @@
 #include <set>
 
 namespace TBF {
-class Number;
 class Unit;
 } // namespace TBF
 
@@ -24,21 +23,26 @@ public:
                                                            const TCUnitNames& names,
                                                            std::optional<std::u16string_view> offset = {});
 
-    // Over a container that holds `unit` with degree 1.
-    static std::shared_ptr<TCBasicUnit>
-    unitWithContainer(TCUnitType type, TBF::Ref<TBF::UnitContainer> container, TBF::Ref<TBF::Unit> unit);
+    // Around an atomic unit that has its identifier, factor and offset: gives it the names and puts a
+    // container around it.
+    static std::shared_ptr<TCBasicUnit> unitWithAtomicUnit(TCUnitType type, TBF::Ref<TBF::Unit> unit,
+                                                           TBF::UnitContainer::Names names);
 
-    TCBasicUnit(Passkey, TCUnitType type, TBF::Ref<TBF::UnitContainer> container, TBF::Ref<TBF::Unit> unit);
+    TCBasicUnit(Passkey, TCUnitType type, TBF::Ref<TBF::UnitContainer> unitContainer,
+                TBF::Ref<TBF::Unit> unit);
     ~TCBasicUnit() override;
 
     std::u16string factor() const;
     std::optional<std::u16string> offset() const;
     std::set<std::u16string> caseSensitiveNames() const;
-    bool isNameCaseSensitive(std::u16string_view name) const;
 
     TBF::Unit* tbfUnit() const noexcept { return atomicUnit.get(); } // borrowed, never null
 
 protected:
+    template <typename Unit>
+    static std::shared_ptr<Unit> make(TCUnitType type, TBF::Ref<TBF::Unit> unit,
+                                      TBF::UnitContainer::Names names);
+
     void setUnderlyingAmbiguousTieBreakFactor(int32_t factor) override;
 
     TBF::Ref<TBF::Unit> atomicUnit;

@@ -14,7 +14,7 @@ public:
                                                                TCUnitType type,
                                                                TBF::Ref<TBF::UnitFraction> fraction,
                                                                const TCUnitNames& names);
-    TCCompositeUnit(Passkey, TCUnitType type, TBF::Ref<TBF::UnitContainer> container);
+    TCCompositeUnit(Passkey, TCUnitType type, TBF::Ref<TBF::UnitContainer> unitContainer);
     ~TCCompositeUnit() override;
 };
 
@@ -25,6 +25,6 @@ class TCValueUnit final : public TCUnit {
 public:
     // Null for a null fraction.
     static std::shared_ptr<TCValueUnit> unitWithUnitFraction(TBF::Ref<TBF::UnitFraction> fraction);
-    TCValueUnit(Passkey, TCUnitType type, TBF::Ref<TBF::UnitContainer> container);
+    TCValueUnit(Passkey, TCUnitType type, TBF::Ref<TBF::UnitContainer> unitContainer);
     ~TCValueUnit() override;
 };

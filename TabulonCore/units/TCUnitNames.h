@@ -3,6 +3,7 @@
 // What a unit is called: the names that the data of a language has for it. A plain value.
 
 #include "units/TCUnit.h"
+#include "units/UnitContainer.h"
 
 #include <optional>
 #include <set>
@@ -15,4 +16,7 @@ struct TCUnitNames {
     std::optional<std::u16string> symbol;
     TCUnit::Aliases aliases;
     std::set<std::u16string> caseSensitiveNames; // names and aliases that match only as written
+
+    // The same as strings of the foundation.
+    TBF::UnitContainer::Names containerNames() const;
 };

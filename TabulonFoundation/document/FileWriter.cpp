@@ -1,6 +1,6 @@
 #include "document/FileWriter.h"
 
-#include "document/AtomicFile.h"
+#include "files/AtomicFile.h"
 #include "runtime/TBFLog.h"
 #include "runtime/Unicode.h"
 
@@ -165,7 +165,7 @@ bool FileWriter::writeFile(const std::string& path) {
         sentence = "'" + path + "' can't be written: there is no memory.";
         return false;
     }
-    const int error = writeFileAtomically(path, *bytes);
+    const int error = platform::writeFileAtomically(path, *bytes);
     if (error == 0) return true;
     TBFErrorLog("TBFFileWriter: err: %d could not open file for writing at path: '%s'", error, path.c_str());
     sentence = "'" + path + "' can't be written: " + std::strerror(error) + ".";

@@ -62,6 +62,7 @@ public:
 
     // What is added to a number in this unit before it is multiplied by the factor; null for most units.
     bool hasOffset() const noexcept { return ownOffset != nullptr; }
+    const Ref<String>& offset() const noexcept { return ownOffset; }
     Ref<Number> offsetNumber() const;
     void setOffset(Ref<String> offset);
 

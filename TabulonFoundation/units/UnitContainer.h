@@ -63,6 +63,8 @@ public:
     // Whether the exact text is a name that matches only as written.
     bool isNameCaseSensitive(std::u16string_view name) const noexcept;
 
+    const std::vector<Ref<String>>& caseSensitiveNames() const noexcept { return names.caseSensitive; }
+
     // Whether the exact text is a name or an alias.
     bool isNamed(std::u16string_view name) const noexcept;
 

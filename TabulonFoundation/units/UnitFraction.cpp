@@ -49,6 +49,16 @@ Ref<UnitFraction> UnitFraction::create(Contents contents) {
     return make<UnitFraction>(std::move(contents));
 }
 
+Ref<UnitFraction> UnitFraction::createOfUnit(Unit& unit) {
+    Contents contents;
+    contents.unitDegrees.push_back({TBF::retain(&unit), 1});
+    contents.typeDegrees.push_back({unit.type(), 1, TBF::retain(&unit)});
+    contents.unitMultiplier = unit.baseFactorNumber();
+    contents.multiplier = contents.unitMultiplier;
+    contents.isCanonical = true;
+    return make<UnitFraction>(std::move(contents));
+}
+
 const UnitFraction::TypeDegree* UnitFraction::typeDegree(TBFUnitType type) const noexcept {
     // A handful at most.
     for (const TypeDegree& component : contents.typeDegrees) {

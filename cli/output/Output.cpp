@@ -1,7 +1,7 @@
 #include "output/Output.h"
 
 #include "CommandFailure.h"
-#include "document/AtomicFile.h"
+#include "files/AtomicFile.h"
 
 #include <cerrno>
 #include <cstring>
@@ -35,7 +35,7 @@ int writeSpecialFile(const std::string& path, std::string_view bytes) {
 void writeOutput(const std::optional<std::string>& path, std::string_view bytes) {
     const int error = !path                  ? writeAll(STDOUT_FILENO, bytes)
                       : isSpecialFile(*path) ? writeSpecialFile(*path, bytes)
-                                             : TBF::writeFileAtomically(*path, bytes);
+                                             : platform::writeFileAtomically(*path, bytes);
     if (error == 0 || (error == EPIPE && !path)) return;
     throw CommandFailure{ExitCodeFailed, path.value_or("standard output"),
                          std::string("can't be written: ") + std::strerror(error)};

@@ -55,7 +55,7 @@ public:
     // The contents of "Info.plist", null without one. Read at the first question.
     const PropertyList& infoDictionary() const;
 
-    // The dictionary itself as a text would be: none if it isn't there or no text.
+    // A text of that dictionary; none if it has no such text.
     std::optional<std::string> infoText(std::string_view key) const;
 
 private:

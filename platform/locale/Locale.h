@@ -35,17 +35,14 @@ public:
     // How this locale writes a currency: "$", "CA$". The code itself where there is no symbol. UTF-8.
     std::string currencySymbol(std::string_view code) const;
 
-    // The currency's name in the locale's language: "US Dollar". The code itself for an unknown one.
-    std::string currencyName(std::string_view code) const;
-
-    // A number as an amount of money, with the currency's symbol and its number of decimals: "$1,234.50".
-    std::string currencyText(double amount, std::string_view code) const;
+    // The locale of everything about money, which may have a variable of its own.
+    const std::string& moneyIdentifier() const { return moneyName; }
 
 private:
     static Locale fromEnvironment();
 
     std::string name;
-    std::string moneyName; // the locale for everything about money
+    std::string moneyName;
     std::vector<std::string> languages;
 };
 

@@ -2,7 +2,7 @@
 #include "lines/TCLineCollectionVariable.h"
 #include "results/Result.h"
 #include "results/TCResult.h"
-#include "units/TCUnitCollection.h"
+#include "units/TCNewUnitManager.h"
 #include "units/Unit.h"
 #include "units/UnitCollection.h"
 #include "units/UnitContainer.h"
@@ -274,7 +274,7 @@ void useEnvironmentWithLengths() {
                 ->unitFraction());
         units->addUnit(*container);
     }
-    TCEnvironment::current()->setUnitManager(std::make_shared<TCUnitCollection>(units));
+    TCEnvironment::current()->setUnitManager(std::make_shared<TCNewUnitManager>(units));
 }
 
 TEST(DeclaredNames, UnitsTravelWithValues) {

@@ -1,7 +1,7 @@
-#include "document/AtomicFile.h"
 #include "document/FileReader.h"
 #include "document/FileWriter.h"
 #include "document/TBFFileWriter.h"
+#include "files/AtomicFile.h"
 #include "runtime/TBFLog.h"
 
 #include <gmock/gmock.h>
@@ -186,7 +186,7 @@ TEST(FileWriter, aFailureLeavesEverythingAsItWas) {
     TBFErrorLogSetEnabled(1);
     EXPECT_EQ(folder.count(), 0u);
     // A disk without room.
-    EXPECT_NE(TBF::writeFileAtomically("/dev/full/x", "bytes"), 0);
+    EXPECT_NE(platform::writeFileAtomically("/dev/full/x", "bytes"), 0);
 }
 
 } // namespace

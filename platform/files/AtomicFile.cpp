@@ -1,4 +1,4 @@
-#include "document/AtomicFile.h"
+#include "files/AtomicFile.h"
 
 #include <atomic>
 #include <cerrno>
@@ -10,7 +10,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace TBF {
+namespace platform {
 
 namespace {
 
@@ -91,4 +91,4 @@ int writeFileAtomically(const std::string& path, std::string_view bytes) {
     return 0;
 }
 
-} // namespace TBF
+} // namespace platform

@@ -1,5 +1,7 @@
 #include "numbers/NumberFormatter.h"
 
+#include "locale/Locale.h"
+
 #include <unicode/numfmt.h>
 
 #include <algorithm>
@@ -16,11 +18,9 @@ namespace {
 
 constexpr std::size_t codeLength = 3;
 
-// A process without a language of its own speaks American English.
 icu::Locale localeWithIdentifier(const std::string& identifier) {
-    if (!identifier.empty()) return icu::Locale(identifier.c_str());
-    const icu::Locale own = icu::Locale::getDefault();
-    return std::string_view(own.getVariant()) == "POSIX" ? icu::Locale::getUS() : own;
+    const std::string name = identifier.empty() ? Locale::current().moneyIdentifier() : identifier;
+    return icu::Locale(name.c_str());
 }
 
 bool isCurrencyCode(std::u16string_view code) {

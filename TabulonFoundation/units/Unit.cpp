@@ -3,6 +3,7 @@
 #include "numbers/Decimal.h"
 #include "numbers/KernelLock.h"
 #include "numbers/Number.h"
+#include "results/ResultText.h"
 #include "runtime/TBFLog.h"
 
 #include <cmath>
@@ -31,6 +32,12 @@ Ref<Number> numberFromText(const Ref<String>& text) {
     return Number::create(text->utf8().c_str(), TBFNumberTypeDecimal);
 }
 
+// All digits, without idle zeros.
+Ref<String> textOf(const Number& number) {
+    const std::string text = fixedText(number.mapmRef(), -1);
+    return String::createWithUTF8(withoutTrailingZeros(std::string_view(text)));
+}
+
 int8_t findSIExponent(M_APM factor) {
     const KernelLock lock;
     const int exponent = m_apm_exponent(factor);
@@ -48,6 +55,10 @@ Unit::Unit(TBFUnitType type, std::string_view factor)
     : unitType(type)
     , factorText(String::createWithUTF8(factor)) {}
 
+Unit::Unit(TBFUnitType type, Ref<Number> factor)
+    : unitType(type)
+    , factorNumber(std::move(factor)) {}
+
 Unit::~Unit() = default;
 
 Ref<Unit> Unit::create(TBFUnitType type, std::string_view factor) {
@@ -56,6 +67,12 @@ Ref<Unit> Unit::create(TBFUnitType type, std::string_view factor) {
 
 Ref<Unit> Unit::create(TBFUnitType type, std::string_view factor, Ref<String> identifier) {
     Ref<Unit> unit = make<Unit>(type, factor);
+    unit->setIdentifier(std::move(identifier));
+    return unit;
+}
+
+Ref<Unit> Unit::create(TBFUnitType type, Ref<Number> factor, Ref<String> identifier) {
+    Ref<Unit> unit = make<Unit>(type, std::move(factor));
     unit->setIdentifier(std::move(identifier));
     return unit;
 }
@@ -99,6 +116,7 @@ void Unit::addAlias(Ref<String> alias, TBFUnitNameType nameType) {
 
 Ref<String> Unit::baseFactor() const {
     const std::lock_guard guard(decimalsLock);
+    if (!factorText) factorText = textOf(*factorNumber);
     return factorText;
 }
 

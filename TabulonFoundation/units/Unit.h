@@ -28,6 +28,8 @@ public:
     // other units but by its address.
     static Ref<Unit> create(TBFUnitType type, std::string_view factor);
     static Ref<Unit> create(TBFUnitType type, std::string_view factor, Ref<String> identifier);
+    // The same from digits, which aren't a special number; the text is made at the first question.
+    static Ref<Unit> create(TBFUnitType type, Ref<Number> factor, Ref<String> identifier);
     static Ref<Unit> createWithSingularName(Ref<String> name, TBFUnitType type, std::string_view factor);
 
     TBFUnitType type() const noexcept { return unitType; }
@@ -85,6 +87,7 @@ public:
 private:
     friend class Object<Unit>;
     Unit(TBFUnitType type, std::string_view factor);
+    Unit(TBFUnitType type, Ref<Number> factor);
     ~Unit() override;
 
     static constexpr int8_t unknownSIExponent = 127;
@@ -99,7 +102,8 @@ private:
 
     // All below is read and written under the lock of the source file; the decimals are made when first asked
     // for.
-    Ref<String> factorText;
+    // Of text and number at least one is there.
+    mutable Ref<String> factorText;
     mutable Ref<Number> factorNumber;
     mutable Ref<Number> ownOffsetNumber;
     mutable std::atomic<int8_t> cachedSIExponent{unknownSIExponent};

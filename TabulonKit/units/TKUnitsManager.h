@@ -3,10 +3,12 @@
 // All units that the content bundle has, and which of them are enabled: the evaluator knows those. Currencies
 // are enabled one by one by whoever manages them. Set up on one thread, then used on the main thread.
 
+#include "units/TCUnitsFile.h"
 #include "units/TCUnitsPreference.h"
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -47,8 +49,12 @@ public:
     const std::shared_ptr<TCUnitCollection>& tcUnitManager() const { return enabledUnits; }
 
 private:
+    void enter(const std::shared_ptr<TCUnit>& unit);
+    bool isEnabled(const TCUnit& unit) const;
+
     std::shared_ptr<TCUnitCollection> enabledUnits;
     std::unordered_map<std::string_view, std::shared_ptr<TCUnit>>
         unitsByIdentifier; // keys are the units' own
+    TCUnitsFile loaded; // all units but money
     TCUnitsPreferenceChoices preferences;
 };

@@ -4,6 +4,10 @@
 #include "results/TCResultFormatter.h"
 #include "runtime/String.h"
 #include "runtime/TBFLog.h"
+#include "units/TCCompositeUnit.h"
+#include "units/TCUnitFilter.h"
+#include "units/TCUnitStringFormatter.h"
+#include "units/UnitFraction.h"
 
 #include <algorithm>
 #include <functional>
@@ -87,6 +91,7 @@ std::shared_ptr<TCResult> TCResult::resultWithContentsOfTBFResult(TBF::Ref<TBF::
     if (const TBF::String* const text = TBFResultGetStringReference(result.get())) {
         wrapped->rawText = text->utf16();
         wrapped->type = text->isEmpty() ? TCResultTypeEmpty : TCResultTypeNumber;
+        wrapped->takeUnitFrom(result.get());
     } else {
         wrapped->takeErrorFrom(result.get());
         wrapped->type = wrapped->error == TCErrorTypeNone ? TCResultTypeEmpty : TCResultTypeError;
@@ -110,12 +115,24 @@ void TCResult::takeErrorFrom(TBFResultRef result) {
     if (row != std::end(errorCodes)) error = row->type;
 }
 
+void TCResult::takeUnitFrom(TBFResultRef result) {
+    TBF::UnitFraction* const fraction = TBFResultGetUnitFraction(result);
+    if (!fraction || fraction->unitType() == TBFUnitTypeNone) return;
+    setUnit(TCValueUnit::unitWithUnitFraction(TBF::retain(fraction)));
+    for (const TBF::UnitFraction::UnitDegree& each : fraction->unitDegrees()) {
+        const TBFUnitFormatType format = TBFResultGetUnitComponentNameFormat(result, each.unit.get());
+        if (format != TBFUnitFormatTypeNone)
+            unitNameFormats.insert_or_assign(TCUnitTypeFromTBFUnitType(each.unit->type()),
+                                             TCUnitNameFormatFromTBFUnitFormatType(format));
+    }
+}
+
 std::shared_ptr<TCResult> TCResult::resultWithRawResultString(std::optional<std::u16string_view> text,
                                                               std::shared_ptr<TCUnit> unit, uint32_t flags) {
     auto result = std::make_shared<TCResult>();
     if (text) result->rawText = std::u16string(trimmed(*text));
     result->type = result->rawText && !result->rawText->empty() ? TCResultTypeNumber : TCResultTypeEmpty;
-    result->filtered = std::move(unit);
+    result->setUnit(std::move(unit));
     result->flagBits = flags;
     return result;
 }
@@ -170,15 +187,29 @@ void TCResult::setResultFormattingOptions(std::shared_ptr<const TCResultFormatti
     formattingOptions = std::move(options);
 }
 
-int32_t TCResult::unitNameFormatForComponentUnitType(int32_t coreUnitType) const {
-    const auto found = unitNameFormats.find(coreUnitType);
-    return found == unitNameFormats.end() ? 0 : found->second;
+void TCResult::setUnit(std::shared_ptr<TCUnit> unit) {
+    unfiltered = std::move(unit);
+    filtered = TCUnitFilter::filteredUnit(unfiltered);
+}
+
+std::optional<std::u16string> TCResult::unitString() const {
+    if (!filtered) return std::nullopt;
+    TCUnitStringFormatter formatter;
+    for (const auto& [unitType, format] : unitNameFormats)
+        formatter.setUnitNameFormat(format, unitType);
+    return formatter.stringForUnit(filtered.get(), isUnity() ? TCUnitNameFormSingular : TCUnitNameFormPlural);
+}
+
+TCUnitNameFormat TCResult::unitNameFormatForComponentUnitType(TCUnitType unitType) const {
+    const auto found = unitNameFormats.find(unitType);
+    return found == unitNameFormats.end() ? TCUnitNameFormatNone : found->second;
 }
 
 bool TCResult::isEqual(const TCResult* other) const {
     if (!other) return false;
     if (this == other) return true;
-    if (type != other->type || error != other->error || filtered != other->filtered) return false;
+    if (type != other->type || error != other->error) return false;
+    if (!TCUnitsAreEqual(filtered.get(), other->filtered.get())) return false;
     return TBFResultEqualToResult(tbfResult(), other->tbfResult());
 }
 

@@ -9,6 +9,7 @@
 #include "results/TBFResult.h"
 #include "results/TCResultFormattingOptions.h"
 #include "runtime/Ref.h"
+#include "units/TCUnitTypes.h"
 
 #include <cstdint>
 #include <map>
@@ -16,6 +17,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 class TCUnit;
 
@@ -39,8 +41,8 @@ std::u16string errorStringForTCResultErrorType(int32_t errorType);
 
 class TCResult {
 public:
-    // How the line wrote each unit, by core unit type.
-    using UnitNameFormats = std::map<int32_t, int32_t>;
+    // How the line wrote each unit, by its type. Units that the line didn't write aren't there.
+    using UnitNameFormats = std::map<TCUnitType, TCUnitNameFormat>;
 
     // What an evaluation gave; null gives an empty result.
     static std::shared_ptr<TCResult> resultWithContentsOfTBFResult(TBF::Ref<TBF::Result> result);
@@ -92,11 +94,20 @@ public:
     bool thousandsSeparator() const { return showsThousandsSeparator; }
     void setThousandsSeparator(bool shown) { showsThousandsSeparator = shown; }
 
-    // The unit to show; null for a plain number.
+    // The unit to show; null for a plain number. An amount of money shows only money and what it is per, and
+    // its unit as evaluated is the unfiltered one. `setUnit` sets both.
     const std::shared_ptr<TCUnit>& unit() const { return filtered; }
+    const std::shared_ptr<TCUnit>& filteredUnit() const { return filtered; }
+    const std::shared_ptr<TCUnit>& unfilteredUnit() const { return unfiltered; }
+    void setUnit(std::shared_ptr<TCUnit> unit);
+    void setFilteredUnit(std::shared_ptr<TCUnit> unit) { filtered = std::move(unit); }
+    void setUnfilteredUnit(std::shared_ptr<TCUnit> unit) { unfiltered = std::move(unit); }
 
-    // The name format that the line used for units of a core type; 0 if it named none.
-    int32_t unitNameFormatForComponentUnitType(int32_t coreUnitType) const;
+    // The unit as the line wrote its parts; none without a unit.
+    std::optional<std::u16string> unitString() const;
+
+    // The name format that the line used for units of a type; 0 if it named none.
+    TCUnitNameFormat unitNameFormatForComponentUnitType(TCUnitType unitType) const;
 
     // Equal values in equal units.
     bool isEqual(const TCResult* other) const;
@@ -104,13 +115,14 @@ public:
 
 private:
     void takeErrorFrom(TBFResultRef result);
+    void takeUnitFrom(TBFResultRef result);
 
     std::optional<std::u16string> rawText;
     mutable std::optional<std::u16string> completeText; // cached
     mutable uint32_t cachedWholeNumberLength = 0;       // 0 while unknown
     int32_t rawPrecision = -1;
     mutable TBF::Ref<TBF::Result> foundationResult; // made from the text on demand
-    std::shared_ptr<TCUnit> filtered;
+    std::shared_ptr<TCUnit> unfiltered, filtered;
     UnitNameFormats unitNameFormats;
     std::shared_ptr<const TCResultFormattingOptions> formattingOptions;
     bool showsTrailingZeros = false;

@@ -4,6 +4,7 @@
 #include "results/TCAttributedResultFormatter.h"
 #include "results/TCResult.h"
 #include "runtime/Unicode.h"
+#include "units/TCUnit.h"
 
 #include <algorithm>
 #include <array>
@@ -109,8 +110,9 @@ TCResultFormatter& TCResultFormatter::sharedInstance() {
     return formatter;
 }
 
-TCResultFormatter::TCResultFormatter()
-    : resultFormatter(TBF::adopt(TBFResultFormatterCreate())) {}
+TCResultFormatter::TCResultFormatter(std::string localeIdentifier)
+    : resultFormatter(TBF::adopt(TBFResultFormatterCreate()))
+    , currencySymbols(std::move(localeIdentifier)) {}
 
 TCResultFormatter::~TCResultFormatter() = default;
 
@@ -190,8 +192,47 @@ TCResultFormatter::normalFormattedResult(const TCResult* result, const TCResultF
     if (result->isPercent()) {
         if (components.count >= 2) text += u' ';
         if (options.showPercentSign()) text += u'%';
+    } else if (options.showUnit() && result->unit()) {
+        addUnit(*result, options, text, parts);
     }
     return text;
+}
+
+TCUnitNameFormat
+TCResultFormatter::currencyUnitNameFormatForResult(const TCResult& result,
+                                                   const TCResultFormattingOptions& formattingOptions) {
+    if (!result.unit() || result.unit()->type() != TCUnitTypeMoney) return TCUnitNameFormatNone;
+    if (const uint32_t chosen = formattingOptions.unitNameFormat())
+        return static_cast<TCUnitNameFormat>(chosen);
+    return result.unitNameFormatForComponentUnitType(TCUnitTypeMoney);
+}
+
+void TCResultFormatter::addUnit(const TCResult& result, const TCResultFormattingOptions& options,
+                                std::u16string& text, TCResultRanges& ranges) const {
+    const TCUnit& unit = *result.unit();
+    if (currencyUnitNameFormatForResult(result, options) == TCUnitNameFormatSymbol) {
+        addCurrencySymbol(unit.currencyCode().value_or(u""), text, ranges);
+        return;
+    }
+    const auto chosen = static_cast<TCUnitNameFormat>(options.unitNameFormat());
+    const auto form = result.isUnity() ? TCUnitNameFormSingular : TCUnitNameFormPlural;
+    const std::optional<std::u16string> name =
+        chosen == TCUnitNameFormatNone ? result.unitString() : unit.namePreferringFormat(chosen, form);
+    if (name) (text += u' ') += *name;
+}
+
+void TCResultFormatter::addCurrencySymbol(const std::u16string& code, std::u16string& text,
+                                          TCResultRanges& ranges) const {
+    TCCurrencySymbolPosition position = TCCurrencySymbolPositionPrefix;
+    const std::optional<std::u16string> symbol = currencySymbols.symbolForCurrencyCode(code, &position);
+    if (!symbol || text.empty()) return;
+    if (position == TCCurrencySymbolPositionSuffix) {
+        text += *symbol;
+        return;
+    }
+    text.insert(text.front() == u'-' ? 1 : 0, *symbol);
+    for (std::size_t i = 0; i < ranges.count; ++i)
+        ranges.ranges[i].location += static_cast<int32_t>(symbol->size());
 }
 
 std::optional<TCAttributedString>

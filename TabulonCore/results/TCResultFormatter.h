@@ -1,15 +1,17 @@
 #pragma once
 
 // Writes answers: turns a result and the choices of how it reads into the text that a user sees, with the
-// digits, their grouping and point in the user's locale, scientific form, a fraction or degrees, and the
-// percent sign. Each call configures the formatter anew, so that calls must not overlap: it belongs to
-// the thread that draws or exports.
+// digits, their grouping and point in the user's locale, scientific form, a fraction or degrees, the percent
+// sign, and the unit's name or the currency's symbol. Each call configures the formatter anew, so that calls
+// must not overlap: it belongs to the thread that draws or exports.
 
 #include "results/TBFResultFormatter.h"
 #include "results/TCAttributedString.h"
+#include "results/TCCurrencySymbols.h"
 #include "results/TCResultFormattingOptions.h"
 #include "runtime/Ref.h"
 #include "runtime/TBFTypes.h"
+#include "units/TCUnitTypes.h"
 
 #include <array>
 #include <cstddef>
@@ -31,8 +33,11 @@ public:
     // The formatter of the process, made once.
     static TCResultFormatter& sharedInstance();
 
-    TCResultFormatter();
+    // In a locale with an identifier like "de_CH"; empty for the process's own. It says how currencies are
+    // written; the characters of numbers are options.
+    explicit TCResultFormatter(std::string localeIdentifier = {});
     ~TCResultFormatter();
+    void setLocale(const std::string& identifier) { currencySymbols.setLocale(identifier); }
 
     // The answer in the display format of the options; none if the format has no text for the value, for
     // an error and for a null result. A result that is empty has the empty text.
@@ -49,10 +54,19 @@ public:
     attributedStringValueForResult(const TCResult* result, const TCResultFormattingOptions& withOptions,
                                    const TCTextAttributes& attributes);
 
+    // How the unit of an amount of money is to be written; 0 for any other result.
+    static TCUnitNameFormat
+    currencyUnitNameFormatForResult(const TCResult& result,
+                                    const TCResultFormattingOptions& formattingOptions);
+
 private:
     void configure(const TCResultFormattingOptions& options);
+    void addUnit(const TCResult& result, const TCResultFormattingOptions& options, std::u16string& text,
+                 TCResultRanges& ranges) const;
+    void addCurrencySymbol(const std::u16string& code, std::u16string& text, TCResultRanges& ranges) const;
 
     TBF::Ref<TBF::ResultFormatter> resultFormatter; // configured anew for each call
+    TCCurrencySymbols currencySymbols;
 };
 
 // The value as degrees, minutes and seconds, with '.' and ',' in every locale; none if it is too large.

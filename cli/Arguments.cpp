@@ -35,6 +35,20 @@ constexpr Choice<ExportFormat> exportFormats[] = {
     {"html-inline", ExportFormatInlinedHTML},
 };
 
+struct StatisticFlag {
+    const char* name;
+    const char* description;
+    TCStatisticType statistic;
+};
+
+constexpr StatisticFlag statisticFlags[] = {
+    {"--total", "Behind the answers, their sum", TCStatisticTypeTotal},
+    {"--average", "Behind the answers, their mean", TCStatisticTypeAverage},
+    {"--variance", "Behind the answers, their variance", TCStatisticTypeVariance},
+    {"--standard-deviation", "Behind the answers, the root of their variance",
+     TCStatisticTypeStandardDeviation},
+};
+
 // An option that takes one of the names of a table; `take` gets the value.
 template <typename T, std::size_t count, typename Take>
 CLI::Option* addChoice(CLI::App& command, const char* option, const char* description,
@@ -104,6 +118,9 @@ struct Parser {
         addFile(*answersCommand, "FILE", answers.file, "A document, UTF-8 text, or - for standard input");
         addReadingOptions(*answersCommand, answers.reading);
         answersCommand->add_flag("--json", answers.asJSON, "An array of line, text, answer and error");
+        for (const StatisticFlag& flag : statisticFlags)
+            answersCommand->add_flag_callback(
+                flag.name, [this, &flag] { answers.statistics.push_back(flag.statistic); }, flag.description);
     }
 
     void addExport() {

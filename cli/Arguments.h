@@ -3,11 +3,13 @@
 // What the user asked for, read from the command line. Values only.
 
 #include "environment/TCSimpleLocale.h"
+#include "lines/TCLineCollectionStatistics.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 // How lines are to be read and answered. What isn't given is as the document says, or the default for text.
 struct ReadingOptions {
@@ -25,6 +27,7 @@ struct AnswersArguments {
     std::string file = "-";
     ReadingOptions reading;
     bool asJSON = false;
+    std::vector<TCStatisticType> statistics; // to print behind the answers, in this order
 };
 
 enum ExportFormat : int32_t {

@@ -97,6 +97,7 @@ TCLineCollectionStatistics::Text TCLineCollectionStatistics::totalString(const T
         if (value.empty()) continue; // an addition sign would stand without an operand
         if (!total.empty()) total += u'+';
         total += value;
+        if (const auto unit = result->unitString()) (total += u' ') += *unit;
         ++values;
         if (result->flags() == TBFResultFlagPercent) ++percentages;
     }

@@ -1,5 +1,6 @@
 #include "results/TCResult.h"
 
+#include "bundle/LocalizedStrings.h"
 #include "results/Result.h"
 #include "results/TCResultFormatter.h"
 #include "runtime/String.h"
@@ -79,7 +80,7 @@ std::u16string_view trimmed(std::u16string_view text) {
 
 std::u16string errorStringForTCResultErrorType(int32_t errorType) {
     for (const ErrorText& row : errorTexts)
-        if (row.type == errorType) return std::u16string(row.text);
+        if (row.type == errorType) return platform::localizedString(row.text);
     return {};
 }
 

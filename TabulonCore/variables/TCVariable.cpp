@@ -1,5 +1,6 @@
 #include "variables/TCVariable.h"
 
+#include "bundle/LocalizedStrings.h"
 #include "environment/TCEvaluator.h"
 #include "eval/variables/Variable.h"
 #include "expressions/TCExpression.h"
@@ -7,6 +8,9 @@
 #include "results/TCResult.h"
 #include "results/TCResultFormatter.h"
 #include "runtime/String.h"
+#include "runtime/Unicode.h"
+#include "units/TCCompositeUnit.h"
+#include "units/TCUnitStringFormatter.h"
 #include "units/UnitContainer.h"
 #include "units/UnitFraction.h"
 #include "variables/TCVariableList.h"
@@ -186,6 +190,30 @@ std::u16string TCVariable::displayValue() const {
     return text;
 }
 
+platform::PropertyList TCVariable::dictionaryRepresentation() const {
+    platform::PropertyList::Dictionary dictionary;
+    const auto setText = [&](std::string_view key, const std::optional<std::u16string>& text) {
+        if (text) dictionary.set(key, TBF::utf8(*text));
+    };
+    setText("value", delocalizedValue());
+    platform::PropertyList::Array aliasTexts;
+    for (const std::u16string& alias : aliases())
+        aliasTexts.push_back(TBF::utf8(alias));
+    if (!aliasTexts.empty()) dictionary.set("aliases", std::move(aliasTexts));
+    setText("name", name());
+    if (ownUnit) {
+        const auto spelled = TCValueUnit::unitWithUnitFraction(TBF::retain(ownUnit->unitFraction()));
+        setText("unitIdentifier", TCUnitStringFormatter().stringForUnit(
+                                      spelled.get(), TCUnitNameFormatIdentifier, TCUnitNameFormSingular));
+    }
+    if (resultFlags() != 0) dictionary.set("resultFlags", static_cast<int64_t>(resultFlags()));
+    dictionary.set("enabled", isEnabled);
+    dictionary.set("type", static_cast<int64_t>(tag));
+    setText("infoDescription", description);
+    setText("identifier", ownIdentifier);
+    return dictionary;
+}
+
 void TCVariable::setEnabled(bool enable) {
     if (enable == isEnabled) return;
     isEnabled = enable;
@@ -228,16 +256,17 @@ TCVariable::localizedValueFromDelocalizedValue(std::optional<std::u16string> tex
 }
 
 bool TCVariable::validateName(const std::optional<std::u16string>& name, TCVariableNameError* error) {
+    using platform::localizedString;
     if (!name || name->empty()) {
         if (error)
-            *error = {nameErrorCode, u"A variable must have a name.",
-                      u"Please give the variable a name and try again."};
+            *error = {nameErrorCode, localizedString(u"A variable must have a name."),
+                      localizedString(u"Please give the variable a name and try again.")};
         return false;
     }
     if (name->find(u' ') == std::u16string::npos) return true;
     if (error)
-        *error = {nameErrorCode, u"A variable cannot have more than one word.",
-                  u"Please do not use a space in your variable name."};
+        *error = {nameErrorCode, localizedString(u"A variable cannot have more than one word."),
+                  localizedString(u"Please do not use a space in your variable name.")};
     return false;
 }
 

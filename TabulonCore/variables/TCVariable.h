@@ -8,6 +8,7 @@
 #include "environment/TCSimpleLocale.h"
 #include "eval/variables/TBFVariable.h"
 #include "expressions/TCRange.h"
+#include "propertylist/PropertyList.h"
 #include "runtime/Ref.h"
 #include "variables/TCVariableState.h"
 
@@ -106,6 +107,9 @@ public:
     void setInfoDescription(std::optional<std::u16string> text) { description = std::move(text); }
     const std::optional<std::u16string>& identifier() const { return ownIdentifier; }
     void setIdentifier(std::optional<std::u16string> text) { ownIdentifier = std::move(text); }
+
+    // The form in which a variable is saved.
+    platform::PropertyList dictionaryRepresentation() const;
 
     // The same text under other characters, which may be another number; or the same number, rewritten.
     // Nothing happens for two equal characters, or for those that stand.

@@ -1,0 +1,144 @@
+// What an environment does when something changes, on the main queue, and how it saves.
+
+#include "environment/TKEnvironment.h"
+
+#include "environment/TKLog.h"
+#include "live/TKCurrencyRatesToUnitsHelper.h"
+#include "variables/TCVariable.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+constexpr std::string_view saveCurrenciesAction = "saveCurrencies";
+constexpr double delayOfSaving = 5.0; // seconds
+
+} // namespace
+
+void TKEnvironment::_registerForNotifications() {
+    observations.clear();
+    observe(TKVariableWasModified, &TKEnvironment::variableWasModified);
+    observe(TKVariableWasMoved, &TKEnvironment::variableWasMoved);
+    observe(TKVariableWasRemoved, &TKEnvironment::variableCameOrWent);
+    observe(TKVariableWasAdded, &TKEnvironment::variableCameOrWent);
+    observe(TKStocksWereAdded, &TKEnvironment::stocksCameOrWent);
+    observe(TKStocksWereRemoved, &TKEnvironment::stocksCameOrWent);
+    observe(TKStocksSuccessfulyUpdated, &TKEnvironment::stocksWereUpdated);
+    observe(TKCurrenciesSuccessfullyUpdated, &TKEnvironment::currenciesWereUpdated);
+    observe(TKCurrenciesEnabledStateChanged, &TKEnvironment::currenciesChangedEnabledState);
+    observe(TKCurrenciesFavouriteStateChanged, &TKEnvironment::currenciesChangedFavouriteState);
+}
+
+// A notice may wait on the main queue while the environment goes.
+void TKEnvironment::observe(std::string_view name, void (TKEnvironment::*handler)(const Notification&)) {
+    observations.push_back(platform::NotificationCenter::shared().addMainQueueObserver(
+        name, nullptr, [self = weak_from_this(), handler](const Notification& notification) {
+            if (const auto environment = self.lock()) (environment.get()->*handler)(notification);
+        }));
+}
+
+void TKEnvironment::variableWasModified(const Notification& notification) {
+    if (stocks && stocks->stockUpdateInProgress()) return;
+    saveVariables();
+    tellOfModifiedVariable(notification);
+}
+
+void TKEnvironment::variableWasMoved(const Notification&) {
+    saveVariables();
+}
+
+void TKEnvironment::variableCameOrWent(const Notification& notification) {
+    saveVariables();
+    tellOfModifiedVariable(notification);
+}
+
+void TKEnvironment::tellOfModifiedVariable(const Notification& notification) {
+    if (observer) observer->environmentVariablesWereModified({notification.objectAs<TCVariable>()});
+}
+
+void TKEnvironment::stocksCameOrWent(const Notification& notification) {
+    saveStocks();
+    if (observer) observer->environmentStocksWereModified(notification.object);
+}
+
+void TKEnvironment::stocksWereUpdated(const Notification&) {
+    saveStocks();
+    if (observer) observer->environmentDidUpdateStockValues();
+}
+
+void TKEnvironment::currenciesWereUpdated(const Notification&) {
+    delayedSaver.cancelAllActions();
+    TKCurrencyRatesToUnitsHelper::updateUnitRatesFromCurrencies(currenciesManager()->activeCurrencies());
+    saveCurrencies();
+    if (observer) observer->environmentDidUpdateCurrencyValues();
+}
+
+void TKEnvironment::currenciesChangedEnabledState(const Notification& notification) {
+    const auto changed = notification.objectAs<TKCurrencyArray>();
+    saveCurrencies();
+    if (std::ranges::any_of(*changed, [](const auto& currency) { return currency->enabled(); }))
+        currenciesManager()->updateRatesFromWeb();
+    refreshCurrencyLocale();
+    if (observer) observer->environmentCurrenciesWereModified(*changed);
+}
+
+void TKEnvironment::currenciesChangedFavouriteState(const Notification& notification) {
+    delayedSaver.cancelAllActions();
+    delayedSaver.performAction(std::string(saveCurrenciesAction), nullptr, delayOfSaving);
+    if (observer) observer->environmentCurrenciesWereModified(*notification.objectAs<TKCurrencyArray>());
+}
+
+bool TKEnvironment::respondsToAction(std::string_view action) const {
+    return action == saveCurrenciesAction;
+}
+
+void TKEnvironment::performAction(std::string_view, const std::shared_ptr<void>&) {
+    saveCurrencies();
+}
+
+bool TKEnvironment::saveToDirectory(const std::string& folder) {
+    bool saved = true;
+    if (areCurrenciesEnabled) {
+        const std::string path = currenciesDataSourcePathInDir(folder);
+        keepDamagedFile(path);
+        saved = currenciesManager()->saveCurrenciesToPath(path, persistanceInfo) && saved;
+    }
+    if (areStocksEnabled && stocksManager()) {
+        const std::string path = stocksDataSourcePathInDir(folder);
+        keepDamagedFile(path);
+        saved = stocks->saveToPath(path, persistanceInfo) && saved;
+    }
+    if (areVariablesEnabled) {
+        const std::string path = variablesDataSourcePathInDir(folder);
+        keepDamagedFile(path);
+        saved = variablesManager()->saveToPath(path, persistanceInfo) && saved;
+    }
+    return saved;
+}
+
+void TKEnvironment::saveVariables() {
+    if (!dataFolder || !variables) return;
+    keepDamagedFile(variablesDataSourcePath());
+    variables->saveToPath(variablesDataSourcePath(), persistanceInfo);
+}
+
+void TKEnvironment::saveStocks() {
+    if (!dataFolder || !stocks) return;
+    keepDamagedFile(stocksDataSourcePath());
+    stocks->saveToPath(stocksDataSourcePath(), persistanceInfo);
+}
+
+void TKEnvironment::saveCurrencies() {
+    if (!dataFolder || !currencies) return;
+    keepDamagedFile(currenciesDataSourcePath());
+    currencies->saveCurrenciesToPath(currenciesDataSourcePath(), persistanceInfo);
+}
+
+// A file that couldn't be read may still be of use to its owner: it isn't overwritten but put aside.
+void TKEnvironment::keepDamagedFile(const std::string& path) {
+    if (damagedFiles.erase(path) == 0) return;
+    const std::string aside = path + ".damaged";
+    if (std::rename(path.c_str(), aside.c_str()) == 0)
+        TKLog("The damaged file was kept as %s", aside.c_str());
+}

@@ -73,6 +73,32 @@ void addReadingOptions(CLI::App& command, ReadingOptions& reading) {
               locales, [&reading](TCSimpleLocale locale) { reading.locale = locale; });
 }
 
+// In front of the command or behind it.
+void addHostOptions(CLI::App& command, HostOptions& host) {
+    const auto isLanguage = [](const std::string& name) {
+        const bool isFine = !name.empty() && std::all_of(name.begin(), name.end(), [](unsigned char c) {
+            return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '-' || c == '_';
+        });
+        return isFine ? std::string() : "'" + name + "' is not a code of a language";
+    };
+    command
+        .add_option_function<std::string>(
+            "--content", [&host](const std::string& path) { host.contentFolder = path; },
+            "The folder with TBContent.bundle: units, currencies and words")
+        ->type_name("DIR");
+    command
+        .add_option_function<std::string>(
+            "--data", [&host](const std::string& path) { host.dataFolder = path; },
+            "The folder with saved rates and variables")
+        ->type_name("DIR");
+    command
+        .add_option_function<std::string>(
+            "--language", [&host](const std::string& code) { host.language = code; },
+            "The language of units and phrases, as en or de")
+        ->check(CLI::Validator(isLanguage, ""))
+        ->type_name("CODE");
+}
+
 CLI::Option* addFile(CLI::App& command, const char* name, std::string& file, const char* description) {
     return command.add_option(name, file, description)->type_name("");
 }
@@ -87,6 +113,7 @@ void addOutput(CLI::App& command, std::optional<std::string>& output) {
 
 // The commands and what they fill in.
 struct Parser {
+    HostOptions host;
     CLI::App app{"Answers the lines of a document, each line with its own answer.", "tabulon"};
     PreviewArguments preview;
     AnswersArguments answers;
@@ -105,6 +132,8 @@ struct Parser {
         addAnswers();
         addExport();
         addConvert();
+        for (CLI::App* const each : {&app, previewCommand, answersCommand, exportCommand, convertCommand})
+            addHostOptions(*each, host);
     }
 
     void addPreview() {
@@ -141,7 +170,7 @@ struct Parser {
         addReadingOptions(*convertCommand, conversion.reading);
     }
 
-    Arguments chosen() const {
+    CommandArguments chosen() const {
         if (previewCommand->parsed()) return preview;
         if (answersCommand->parsed()) return answers;
         if (exportCommand->parsed()) return exporting;
@@ -161,5 +190,5 @@ std::optional<Arguments> parseArguments(int count, const char* const* values) {
     } catch (const CLI::ParseError& error) {
         throw CommandFailure{ExitCodeUsage, {}, error.what()};
     }
-    return parser.chosen();
+    return Arguments{parser.chosen(), parser.host};
 }

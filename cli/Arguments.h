@@ -2,6 +2,7 @@
 
 // What the user asked for, read from the command line. Values only.
 
+#include "PlugInHost.h"
 #include "environment/TCSimpleLocale.h"
 #include "lines/TCLineCollectionStatistics.h"
 
@@ -48,7 +49,12 @@ struct ConvertArguments {
     ReadingOptions reading;
 };
 
-using Arguments = std::variant<PreviewArguments, AnswersArguments, ExportArguments, ConvertArguments>;
+using CommandArguments = std::variant<PreviewArguments, AnswersArguments, ExportArguments, ConvertArguments>;
+
+struct Arguments {
+    CommandArguments command;
+    HostOptions host;
+};
 
 // Reads the command line. Help and version are printed, and then there is nothing left to do; a command line
 // that makes no sense is a CommandFailure of wrong usage.

@@ -20,7 +20,7 @@ struct Overloaded : Functions... {
 template <typename... Functions>
 Overloaded(Functions...) -> Overloaded<Functions...>;
 
-void run(const Arguments& arguments) {
+void run(const CommandArguments& arguments) {
     std::visit(Overloaded{
                    [](const PreviewArguments& each) { runPreview(each); },
                    [](const AnswersArguments& each) { runAnswers(each); },
@@ -47,7 +47,10 @@ int main(int count, char** values) {
     std::signal(SIGPIPE, SIG_IGN);
     TBFErrorLogSetEnabled(0);
     try {
-        if (const auto arguments = parseArguments(count, values)) run(*arguments);
+        if (const auto arguments = parseArguments(count, values)) {
+            hostPlugIn(arguments->host);
+            run(arguments->command);
+        }
         return ExitCodeDone;
     } catch (const CommandFailure& failure) {
         report(failure);

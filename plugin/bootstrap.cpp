@@ -1,24 +1,55 @@
 #include "bootstrap.h"
 
+#include "TBPaths.h"
+#include "bundle/Bundle.h"
 #include "environment/TCBuiltins.h"
 #include "environment/TCEnvironment.h"
 #include "environment/TCSettings.h"
+#include "environment/TKEnvironment.h"
+#include "environment/TKEnvironmentBuilder.h"
+#include "environment/TKFolders.h"
 
 #include <mutex>
+#include <utility>
 
 namespace {
 
-// The environment of what every engine knows from the start, made current.
-void setupSharedInstances() {
-    TCBuiltins::environment()->set();
+BootstrapChoices& choices() {
+    static auto& chosen = *new BootstrapChoices;
+    return chosen;
+}
+
+std::shared_ptr<TKEnvironment> environmentForBundle(const platform::Bundle& bundle) {
+    const std::optional<std::string>& chosenFolder = choices().dataFolder;
+    TKEnvironmentBuilder builder;
+    builder.setDataSourceDirectoryPath(chosenFolder ? chosenFolder
+                                                    : TBPaths::quicklookDataFolderForBundle(bundle));
+    builder.setPersistanceInfoDictionary(TKApplicationInfoDictionary(bundle));
+    return builder.build();
+}
+
+// True if the environment stands.
+bool loadEnvironment(const platform::Bundle& bundle) {
+    const auto content = bundle.pathForResource("TBContent", "bundle");
+    if (!content) return false;
+    const auto environment = environmentForBundle(bundle);
+    environment->setUpdatesValuesFromWeb(false); // a preview never goes to the network
+    environment->loadFromBundleAtPath(*content, choices().localization);
+    environment->completeLoading();
+    environment->set();
+    return true;
 }
 
 } // namespace
 
-void bootstrap(const platform::Bundle*) {
+void setBootstrapChoices(BootstrapChoices newChoices) {
+    choices() = std::move(newChoices);
+}
+
+void bootstrap(const platform::Bundle* bundle) {
     static std::once_flag once;
-    std::call_once(once, [] {
-        TCSettings::make()->set();
-        setupSharedInstances();
+    std::call_once(once, [bundle] {
+        if (!TCSettings::isSet()) TCSettings::make()->set();
+        if (!bundle || !loadEnvironment(*bundle)) TCBuiltins::environment()->set();
     });
 }

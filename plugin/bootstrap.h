@@ -2,11 +2,24 @@
 
 // Sets the engine up for a process. Hosts of the engine alone call it as the plug-in does.
 
+#include <optional>
+#include <string>
+
 namespace platform {
 class Bundle;
 }
 
-// The first call makes the settings and the environment that all documents of the process share; later calls,
-// from any thread, wait for it and do nothing. `bundle` may be null. The environment lives as long as the
-// process.
+// What a host may choose for the environment. Whatever it leaves out is as the plug-in has it.
+struct BootstrapChoices {
+    std::string localization; // of the content, as "de"; empty leaves it to the user's preferences
+    std::optional<std::string> dataFolder; // with the saved values
+};
+
+// For the `bootstrap` to come; without effect afterwards. On the thread that makes the first instance.
+void setBootstrapChoices(BootstrapChoices choices);
+
+// The first call makes the settings and the environment that all documents of the process share, from the
+// content in the plug-in's bundle and the saved values in its data folder; later calls, from any thread, wait
+// for it and do nothing. Without a bundle, or without content in it, there are the built-in lists alone. The
+// environment lives as long as the process.
 void bootstrap(const platform::Bundle* bundle);

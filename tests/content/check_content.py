@@ -73,7 +73,7 @@ PROSE = {
           "sell due us re vs ok hi oh etc eg ie dr mr mrs tel ad id tv",
     "de": "aber alle als am an auch auf aus bei bis da das dem den der des die du ein eine er es für gut hat ich ihr im "
           "in ist ja mit nach nein nicht noch nur ob oder ohne rum sehr sie sind so um und uns vom von vor was wer wie "
-          "wir wird wo zu zum zur top bau gel rubel-los wo mon ct-los",
+          "wir wird wo zu zum zur top bau gel ton wo mon",
     "fr": "à ai au aux avec ce ces dans de des du elle en est et eu il ils je la le les leur lui ma mais me mes mur ne "
           "ni nos notre nous on ou où par pas pour qu que qui sa se ses si son sur ta te tes toi ton tu un une va vos "
           "vous top gel",
@@ -386,7 +386,8 @@ EXPECTED_IN = {"en": {"pound": "pound", "pounds": "pound", "ounces": "ounce", "d
                       "franc": "CHF", "krona": "SEK", "krone": "NOK", "peso": "MXN", "rupees": "INR", "cup": "cup",
                       "Calories": "food calorie", "calories": "calorie", "kilometers": "si+3-metre",
                       "light-years": "light year", "sq ft": "square foot", "square meters": "square metre",
-                      "fluid ounces": "fluid ounce", "won": None, "real": None, "cad": None, "fps": "frame per second"},
+                      "fluid ounces": "fluid ounce", "in.": "inch", "ft.": "foot", "metres squared": "square metre",
+                      "sq. ft.": "square foot", "won": None, "real": None, "cad": None, "fps": "frame per second"},
                "de": {"Meilen": "mile", "Kilometern": "si+3-metre", "Stunden": "hour", "Euro": "EUR", "Dollar": "USD",
                       "PS": "metric horsepower", "Pfund": "pound", "US-Dollar": "USD", "qm": "square metre"},
                "fr": {"miles": "mile", "kilomètres": "si+3-metre", "heures": "hour", "euros": "EUR", "Mo": "megabyte",

@@ -371,7 +371,7 @@ def check_names(language, units, money, faults, listing):
 # What short and shared names mean with nothing beside them, in every language.
 EXPECTED = {"m": "metre", "min": "minute", "h": "hour", "s": "second", "d": "day", "g": "gram", "t": "tonne",
             "l": "litre", "L": "litre", "c": "celsius", "C": "celsius", "F": "fahrenheit", "f": "fahrenheit",
-            "in": "inch", "\"": "inch", "'": "foot", "ft": "foot", "b": "bit", "B": "byte", "Mb": "si+6-bit",
+            "in": "inch", "\"": "inch", "'": "foot", "″": "inch", "′": "foot", "ft": "foot", "b": "bit", "B": "byte", "Mb": "si+6-bit",
             "MB": "megabyte", "mb": "megabyte", "kb": "kilobyte", "KB": "kilobyte", "oz": "ounce", "lb": "pound",
             "pt": "point", "km": "si+3-metre", "KM": "kms", "Km": "kms", "kg": "si+3-gram", "KG": "kilo", "kgs": "kilo",
             "ml": "si-3-litre", "mL": "si-3-litre", "ms": "si-3-second", "mA": "si-3-ampere", "W": "watt",

@@ -74,7 +74,7 @@ PROSE = {
     "de": "aber alle als am an auch auf aus bei bis da das dem den der des die du ein eine er es für gut hat ich ihr im "
           "in ist ja mit nach nein nicht noch nur ob oder ohne rum sehr sie sind so um und uns vom von vor was wer wie "
           "wir wird wo zu zum zur top bau gel ton wo mon",
-    "fr": "à ai au aux avec ce ces dans de des du elle en est et eu il ils je la le les leur lui ma mais me mes mur ne "
+    "fr": "a à ai au aux avec ce ces dans de des du elle en est et eu il ils je la le les leur lui ma mais me mes mur ne "
           "ni nos notre nous on ou où par pas pour qu que qui sa se ses si son sur ta te tes toi ton tu un une va vos "
           "vous top gel",
     "es": "a al como con de del el ella en es esta este la las le lo los mas me mi mis muy no nos o para pero por que "
@@ -82,7 +82,7 @@ PROSE = {
     "ja": "は が を に で と も の へ や か",
 }
 # Pa is a pascal, A an ampere; the small letters are words.
-PROSE_ALLOWED = {("en", "Pa"), ("en", "A"), ("en", "cup"), ("de", "Pa")}
+PROSE_ALLOWED = {("en", "Pa"), ("en", "A"), ("es", "A"), ("fr", "A"), ("en", "cup"), ("de", "Pa")}
 
 
 class Faults(list):

@@ -23,8 +23,30 @@ constexpr char16_t inLowerCase(char16_t unit) {
     return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + (u'a' - u'A')) : unit;
 }
 
+constexpr char16_t inUpperCase(char16_t unit) {
+    return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - (u'a' - u'A')) : unit;
+}
+
 constexpr bool isASCII(char16_t unit) {
     return unit < 128;
+}
+
+// Without regard to case, these equal letters of ASCII, some of them two or three at once: sharp s, long s,
+// the Kelvin sign, ligatures, letters with marks.
+constexpr bool mayEqualASCIILetters(char16_t unit) {
+    return unit == 0xDF || unit == 0x130 || unit == 0x131 || unit == 0x149 || unit == 0x17F ||
+           unit == 0x1F0 || (unit >= 0x1E96 && unit <= 0x1E9E) || unit == 0x212A ||
+           (unit >= 0xFB00 && unit <= 0xFB06);
+}
+
+// Where the question is open, the answer is yes.
+bool mayBeginWith(std::u16string_view text, std::u16string_view word) {
+    for (std::size_t i = 0; i < word.size(); ++i) {
+        if (i >= text.size()) return false;
+        if (mayEqualASCIILetters(text[i])) return true;
+        if (inLowerCase(text[i]) != word[i]) return false;
+    }
+    return true;
 }
 
 // Letters beyond ASCII may equal any number of others; one of them leaves the question open.
@@ -52,6 +74,10 @@ std::optional<TCExpressionClues::Set> TCExpressionClues::add(const TCExpressionC
         if (clue.place == TCExpressionCluePlaceBeforeDigit) {
             for (char16_t digit = u'0'; digit <= u'9'; ++digit)
                 triedAt[digit] |= bit;
+        } else if (clue.place == TCExpressionCluePlaceInAnyCase && isASCII(clue.text.front())) {
+            triedAt[clue.text.front()] |= bit;
+            triedAt[inUpperCase(clue.text.front())] |= bit;
+            triedAtOthers |= bit;
         } else if (isASCII(clue.text.front())) {
             triedAt[clue.text.front()] |= bit;
         } else {
@@ -78,6 +104,7 @@ bool TCExpressionClues::standsAt(const TCExpressionClue& clue, std::u16string_vi
                                  std::size_t index) const {
     if (clue.place == TCExpressionCluePlaceBeforeDigit)
         return mayStandBefore(clue.text, text.substr(0, index));
+    if (clue.place == TCExpressionCluePlaceInAnyCase) return mayBeginWith(text.substr(index), clue.text);
     if (!text.substr(index).starts_with(clue.text)) return false;
     if (clue.place == TCExpressionCluePlaceAnywhere) return true;
     const std::size_t end = index + clue.text.size();

@@ -16,6 +16,7 @@ enum TCExpressionCluePlace : int32_t {
     TCExpressionCluePlaceAnywhere = 0,
     TCExpressionCluePlaceDelimited = 1,   // behind a space or ")", before one of them or the end of a line
     TCExpressionCluePlaceBeforeDigit = 2, // in any case of letters
+    TCExpressionCluePlaceInAnyCase = 3,   // anywhere; the clue is in lower case
 };
 
 struct TCExpressionClue {

@@ -1,6 +1,7 @@
 #include "expressions/TCExpressionSubstituter.h"
 
 #include "RegexKitLite.h"
+#include "expressions/TCRegexClues.h"
 #include "runtime/TBFLog.h"
 #include "runtime/Unicode.h"
 
@@ -365,7 +366,7 @@ void TCExpressionSubstituter::setMappingFromRegex(std::u16string_view regex, std
          leftCutoff,
          rightCutoff,
          rightCaptureNumber,
-         {}});
+         TCRequiredCluesOfRegex(regex)});
 }
 
 void TCExpressionSubstituter::addOperatorRegex(std::u16string_view regex, OperatorType operatorType) {

@@ -90,6 +90,7 @@ void addHostOptions(CLI::App& command, HostOptions& host) {
         .add_option_function<std::string>(
             "--data", [&host](const std::string& path) { host.dataFolder = path; },
             "The folder with saved rates and variables")
+        ->check(CLI::ExistingDirectory)
         ->type_name("DIR");
     command
         .add_option_function<std::string>(

@@ -4,6 +4,7 @@ import json
 import os
 import pathlib
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -12,6 +13,7 @@ import unittest
 
 COMMAND = None  # set from the command line
 EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
+CONTENT = EXAMPLES.parent / "content"
 
 DOCUMENT = (
     '<?xml version="1.0" encoding="UTF-8"?>\n'
@@ -292,6 +294,59 @@ class FileTests(CommandTests):
 
 
 class UsageTests(CommandTests):
+    def test_units_and_currencies_come_with_the_content(self):
+        self.assertEqual(self.output_of("answers", stdin="3 feet in metres\n2k\n"), "0.9144 metres\n2,000\n")
+        german = "20% von 50\n2 Stunden in Minuten\n"
+        rows = [("--language", "de", "answers"), ("answers", "--language", "de")]
+        for arguments in rows:
+            with self.subTest(arguments):
+                self.assertEqual(self.output_of(*arguments, stdin=german), "10\n120 Minuten\n")
+
+    def test_saved_values_come_from_the_data_folder(self):
+        plist = (
+            '<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict><key>{}</key>{}</dict></plist>'
+        ).format
+        self.write("Variables.plist", plist(
+            "TKVariables",
+            "<array><dict><key>name</key><string>rent</string><key>value</key><string>950</string></dict></array>"))
+        self.assertEqual(self.output_of("--data", str(self.folder), "answers", stdin="rent * 2\n"), "1,900\n")
+        self.write("Variables.plist", "no property list")
+        result = self.run_command("answers", "--data", str(self.folder), stdin="rent * 2\n2k\n")
+        self.assertEqual((result.returncode, result.stdout), (0, b"2\n2,000\n"))
+        self.assertIn(b"Variables.plist", result.stderr)
+        self.assertEqual(sorted(os.listdir(self.folder)), ["Variables.plist"], "nothing is written")
+
+    def test_without_content_there_is_one_line_about_it_and_an_answer_all_the_same(self):
+        result = self.run_command("answers", "--content", self.path("nowhere"), stdin="3 * 7\n20% of 50\n")
+        self.assertEqual((result.returncode, result.stdout), (0, b"21\n10\n"))
+        self.assertEqual(result.stderr.count(b"\n"), 1)
+        self.assertIn(b"there is no TBContent.bundle in ", result.stderr)
+        source = self.write("a.tabulon", document("6 * 7"))
+        page = self.run_command("preview", source, "--content", self.path("nowhere"))
+        self.assertEqual(page.returncode, 0)
+        self.assertIn(b">42<", page.stdout)
+
+    def test_an_installation_may_stand_anywhere(self):
+        (self.folder / "bin").mkdir()
+        program = shutil.copy(COMMAND, self.folder / "bin")
+        shutil.copytree(CONTENT, self.folder / "share" / "tabulon")
+        result = subprocess.run([program, "answers"], input=b"3 feet in metres\n", capture_output=True, timeout=60)
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, b"0.9144 metres\n", b""))
+
+    def test_a_user_without_a_home_has_answers(self):
+        environment = {"HOME": "/proc/nowhere", "TMPDIR": "/proc/nowhere", "PATH": os.environ["PATH"]}
+        for names in (("HOME", "TMPDIR"), ("TMPDIR",)):
+            surroundings = {name: environment[name] for name in (*names, "PATH")}
+            result = subprocess.run([COMMAND, "answers"], input=b"3 feet in metres\n", capture_output=True,
+                                    timeout=60, env=surroundings)
+            self.assertEqual((result.returncode, result.stdout, result.stderr), (0, b"0.9144 metres\n", b""))
+
+    def test_every_language_of_the_content_loads_without_complaint(self):
+        for folder in sorted(pathlib.Path(CONTENT).glob("TBContent.bundle/*.lproj")):
+            with self.subTest(folder.stem):
+                self.assertEqual(self.output_of("--language", folder.stem, "answers", stdin="6 * 7\n1 km / 1 m\n"),
+                                 "42\n1,000\n")
+
     def test_help_and_version_are_output(self):
         for command in [(), ("preview",), ("answers",), ("export",), ("convert",)]:
             self.assertIn("Usage: tabulon", self.output_of(*command, "--help"))
@@ -306,6 +361,8 @@ class UsageTests(CommandTests):
             (("answers", "--trig", "grads"), "degrees,radians"),
             (("answers", "--locale", "french"), "standard,european"),
             (("preview",), "FILE"),
+            (("answers", "--language", "../de"), "not a code of a language"),
+            (("answers", "--data", "nowhere"), "nowhere"),
             (("export", source), "--format"),
             (("export", source, "--format", "csv"), "html,html-inline"),
             (("convert", source), "DESTINATION"),

@@ -70,6 +70,23 @@ TEST_F(BootstrapTests, ALanguageCanBeChosen) {
     }));
 }
 
+// Otherwise a currency would have to borrow another one's unit.
+TEST_F(BootstrapTests, EveryCurrencyOfTheContentHasARateAndAUnit) {
+    EXPECT_TRUE(inOwnProcess([this] {
+        setBootstrapChoices({"", dataFolder.string()});
+        bootstrap(&bundle);
+        const auto& currencies = *TKEnvironment::sharedEnvironment()->currenciesManager();
+        EXPECT_GT(currencies.allCurrencies().size(), 30u);
+        for (const auto& each : currencies.allCurrencies()) {
+            const std::string code = TBF::utf8(each->code());
+            EXPECT_TRUE(each->hasOwnUnit()) << code;
+            EXPECT_TRUE(each->rate()) << code;
+            EXPECT_TRUE(each->displayName()) << code;
+            EXPECT_EQ(answer(u"1 " + each->code() + u" in " + each->code()), "1") << code;
+        }
+    }));
+}
+
 TEST_F(BootstrapTests, SavedValuesCount) {
     using Dictionary = platform::PropertyList::Dictionary;
     ASSERT_TRUE(

@@ -8,6 +8,7 @@ what decides between them.
 """
 
 import datetime
+import pathlib
 import plistlib
 import re
 import sys
@@ -498,11 +499,20 @@ def check_words(language, index, faults):
             faults(f"{word}: also a unit")
 
 
+def keys_in_code():
+    """The texts that the sources look up, and those of failed lines."""
+    keys = {"Error: Exponent too large", "Error: Divide by Zero", "Error: Incompatible Units", "Error"}
+    root = pathlib.Path(content.BUNDLE).parent.parent
+    for layer in ("platform", "TabulonFoundation", "TabulonCore", "TabulonKit", "Tabulon-Mac", "plugin", "cli"):
+        for source in sorted(root.glob(layer + "/**/*.cpp")):
+            text = source.read_text(encoding="utf-8")
+            keys |= set(re.findall(r'localizedString\(\s*u"((?:[^"\\]|\\.)*)"', text))
+    return keys
+
+
 def check_strings(faults):
     english = plist("Localizable", "en")
-    for key in ("line", "in", "Default Variable Name", "An Unknown Error Occured",
-                "Try renaming the variable to something else.", "There is already a variable named '%@'.",
-                "Please give the variable a different name and try again."):
+    for key in sorted({"line", "in"} | keys_in_code()):
         if key not in english:
             faults(f"Localizable.plist lacks {key!r}")
     for language in content.languages():

@@ -123,5 +123,6 @@ void TCNewUnitManager::setDefaultUnitForClashingName(const std::shared_ptr<TCUni
 }
 
 void TCNewUnitManager::setDefaultUnitForType(const std::shared_ptr<TCUnit>& unit, TCUnitType type) {
+    if (type == TCUnitTypeNone) return; // of a category that isn't known
     unitCollection->setBaseUnit(fractionTypeOf(type), unit ? unit->tbfUnitContainer() : nullptr);
 }

@@ -14,6 +14,7 @@
 #include "units/UnitFractionBuilder.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -32,18 +33,34 @@ int32_t degreeOf(std::u16string_view digits) {
     return degree;
 }
 
-// Adds the units of "metre^2 second"; false if one of them isn't known.
+struct Power {
+    std::shared_ptr<TCUnit> unit;
+    int32_t degree;
+};
+
+// The unit of "metre^2"; none if it isn't known.
+std::optional<Power> powerOf(std::u16string_view part, const TCUnitCollection& units) {
+    const std::size_t circumflex = part.find(u'^');
+    const int32_t degree = circumflex == part.npos ? 1 : degreeOf(part.substr(circumflex + 1));
+    auto unit = degree == 0 ? nullptr : units.unitWithIdentifier(part.substr(0, circumflex));
+    return unit ? std::optional(Power{std::move(unit), degree}) : std::nullopt;
+}
+
+// Adds the units of "square metre^2 second"; false if one of them isn't known. Identifiers may have several
+// words: the longest one counts.
 bool addIdentifiers(std::u16string_view text, int32_t sign, const TCUnitCollection& units,
                     TBF::UnitFractionBuilder& builder) {
+    constexpr std::size_t maximalLength = 1000;
+    if (text.size() > maximalLength) return false;
     while (!text.empty()) {
-        const std::u16string_view part = text.substr(0, text.find(u' '));
-        text.remove_prefix(std::min(part.size() + 1, text.size()));
-        const std::size_t circumflex = part.find(u'^');
-        const bool hasDegree = circumflex != part.npos;
-        const int32_t degree = hasDegree ? degreeOf(part.substr(circumflex + 1)) : 1;
-        const auto unit = units.unitWithIdentifier(part.substr(0, circumflex));
-        if (!unit || degree == 0) return false;
-        builder.addUnit(unit->tbfUnitContainer(), sign * degree);
+        std::size_t end = text.size();
+        std::optional<Power> power;
+        while (!(power = powerOf(text.substr(0, end), units))) {
+            end = text.rfind(u' ', end - 1);
+            if (end == text.npos || end == 0) return false;
+        }
+        builder.addUnit(power->unit->tbfUnitContainer(), sign * power->degree);
+        text.remove_prefix(std::min(end + 1, text.size()));
     }
     return true;
 }

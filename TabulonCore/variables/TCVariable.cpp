@@ -4,18 +4,18 @@
 #include "environment/TCEvaluator.h"
 #include "eval/variables/Variable.h"
 #include "expressions/TCExpression.h"
-#include "results/Result.h"
 #include "results/TCResult.h"
 #include "results/TCResultFormatter.h"
 #include "runtime/String.h"
 #include "runtime/Unicode.h"
-#include "units/TCCompositeUnit.h"
+#include "units/TCUnit.h"
+#include "units/TCUnitCollection.h"
 #include "units/TCUnitStringFormatter.h"
 #include "units/UnitContainer.h"
-#include "units/UnitFraction.h"
 #include "variables/TCVariableList.h"
 
 #include <algorithm>
+#include <charconv>
 #include <functional>
 #include <utility>
 
@@ -38,13 +38,16 @@ TBFRange scopesOf(TCRange range) {
             runsToEnd ? TBFRangeLengthMax : static_cast<int32_t>(range.length)};
 }
 
-TCVariable::Unit unitOf(const TCResult& result) {
-    const TBFResultRef source = result.tbfResult();
-    TBF::UnitFraction* const fraction = source ? source->unitFraction() : nullptr;
-    if (!fraction) return nullptr;
-    auto unit = TBF::UnitContainer::create();
-    unit->setUnitFraction(TBF::retain(fraction));
-    return unit;
+TBF::Ref<TBF::UnitContainer> containerOf(const TCVariable::Unit& unit) {
+    return unit ? TBF::retain(unit->tbfUnitContainer()) : nullptr;
+}
+
+// As a floating-point number of 32 bits.
+bool isOne(const std::optional<std::u16string>& text) {
+    const std::string digits = TBF::utf8(text.value_or(std::u16string()));
+    float number = 0;
+    const auto end = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return end.ec == std::errc() && number == 1.0f;
 }
 
 } // namespace
@@ -157,16 +160,16 @@ bool TCVariable::setDelocalizedValue(std::optional<std::u16string> text, uint32_
     const TBFRange scopes = scopesOf(scopeRange);
     const TBF::VariableValue* const first = foundationVariable->valueAt(scopes.location);
     const bool sameAtFirst = first && textOf(first->string()) == text && first->flags() == flags &&
-                             first->unitContainer() == ownUnit.get();
+                             first->unitContainer() == containerOf(ownUnit).get();
     if (sameText && resultFlags() == flags && sameUnit && sameAtFirst) return true;
-    foundationVariable->setValue(stringOf(text), flags & TBFResultFlagPercent, ownUnit, scopes);
+    foundationVariable->setValue(stringOf(text), flags & TBFResultFlagPercent, containerOf(ownUnit), scopes);
     if (!sameText) localizedText.reset();
     return true;
 }
 
 void TCVariable::setDelocalizedValueOfResult(const TCResult* result, TCRange scopeRange) {
     if (result)
-        setDelocalizedValue(result->completeStringValue(), result->flags(), unitOf(*result), scopeRange);
+        setDelocalizedValue(result->completeStringValue(), result->flags(), result->unit(), scopeRange);
     else
         setDelocalizedValue(std::nullopt, 0, nullptr, scopeRange);
 }
@@ -184,10 +187,17 @@ void TCVariable::setUnit(Unit newUnit) {
     if (newUnit != ownUnit) setDelocalizedValue(delocalizedValue(), resultFlags(), std::move(newUnit));
 }
 
+void TCVariable::setUnitNamed(std::u16string_view name) {
+    const auto units = TCUnitCollection::sharedManager();
+    if (auto unit = units ? units->unitWithName(name) : nullptr) setUnit(std::move(unit));
+}
+
 std::u16string TCVariable::displayValue() const {
     std::u16string text = value().value_or(std::u16string());
-    if (resultFlags() & TBFResultFlagPercent) text += u'%';
-    return text;
+    if (resultFlags() & TBFResultFlagPercent) return text += u'%';
+    if (!ownUnit) return text;
+    const auto form = isOne(value()) ? TCUnitNameFormSingular : TCUnitNameFormPlural;
+    return text + u' ' + ownUnit->nameForFormat(TCUnitNameFormatLong, form).value_or(std::u16string());
 }
 
 platform::PropertyList TCVariable::dictionaryRepresentation() const {
@@ -201,11 +211,8 @@ platform::PropertyList TCVariable::dictionaryRepresentation() const {
         aliasTexts.push_back(TBF::utf8(alias));
     if (!aliasTexts.empty()) dictionary.set("aliases", std::move(aliasTexts));
     setText("name", name());
-    if (ownUnit) {
-        const auto spelled = TCValueUnit::unitWithUnitFraction(TBF::retain(ownUnit->unitFraction()));
-        setText("unitIdentifier", TCUnitStringFormatter().stringForUnit(
-                                      spelled.get(), TCUnitNameFormatIdentifier, TCUnitNameFormSingular));
-    }
+    setText("unitIdentifier", TCUnitStringFormatter().stringForUnit(ownUnit.get(), TCUnitNameFormatIdentifier,
+                                                                    TCUnitNameFormSingular));
     if (resultFlags() != 0) dictionary.set("resultFlags", static_cast<int64_t>(resultFlags()));
     dictionary.set("enabled", isEnabled);
     dictionary.set("type", static_cast<int64_t>(tag));

@@ -21,6 +21,7 @@
 #include <vector>
 
 class TCResult;
+class TCUnit;
 class TCVariableList;
 
 // Why a name can't be used.
@@ -36,7 +37,7 @@ protected:
 
 public:
     // The unit of a value; null for none.
-    using Unit = TBF::Ref<TBF::UnitContainer>;
+    using Unit = std::shared_ptr<TCUnit>;
 
     // All line indexes; a length of -1 reaches to the end.
     static constexpr TCRange wholeRange{0, -1};
@@ -93,8 +94,15 @@ public:
     const Unit& unit() const { return ownUnit; }
     void setUnit(Unit newUnit);
 
-    // What a list of variables shows: the value, with its percent sign.
+    // The unit of that name among the units of the current environment; nothing happens for an unknown one.
+    void setUnitNameSingular(std::u16string_view name) { setUnitNamed(name); }
+    void setUnitNameVeryShort(std::u16string_view name) { setUnitNamed(name); }
+
+    // What a list of variables shows: the value, with its percent sign or unit.
     std::u16string displayValue() const;
+
+    // The form in which a variable is saved.
+    platform::PropertyList dictionaryRepresentation() const;
 
     // Only an enabled variable is found by expressions.
     bool enabled() const { return isEnabled; }
@@ -107,9 +115,6 @@ public:
     void setInfoDescription(std::optional<std::u16string> text) { description = std::move(text); }
     const std::optional<std::u16string>& identifier() const { return ownIdentifier; }
     void setIdentifier(std::optional<std::u16string> text) { ownIdentifier = std::move(text); }
-
-    // The form in which a variable is saved.
-    platform::PropertyList dictionaryRepresentation() const;
 
     // The same text under other characters, which may be another number; or the same number, rewritten.
     // Nothing happens for two equal characters, or for those that stand.
@@ -138,6 +143,7 @@ protected:
     void setDelocalizedValueOfResult(const TCResult* result, TCRange scopeRange);
 
 private:
+    void setUnitNamed(std::u16string_view name);
     bool isNoNewLocale(TCSimpleLocale newLocale) const;
 
     TBF::Ref<TBF::Variable> foundationVariable;

@@ -230,8 +230,7 @@ TKVariablesManager::variableFromDictionaryRepresentation(const PropertyList& dic
     if (!name || name->empty()) return nullptr;
     TCVariable::Unit unit;
     if (const auto identifier = textOf(dictionary["unitIdentifier"]))
-        if (const auto parsed = TCUnitStringParser(unitCollection).unitFromString(*identifier))
-            unit = TBF::retain(parsed->tbfUnitContainer());
+        unit = TCUnitStringParser(unitCollection).unitFromString(*identifier);
     const auto flags = static_cast<uint32_t>(dictionary["resultFlags"].asInteger().value_or(0));
     auto variable = TCVariable::variableWithName(name, textOf(dictionary["value"]), flags, std::move(unit));
     if (const auto enabled = dictionary["enabled"].asBoolean()) variable->setEnabled(*enabled);

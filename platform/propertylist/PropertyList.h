@@ -28,7 +28,6 @@ public:
     static constexpr std::size_t maximalCountOfValues = 2'000'000;
 
     enum class Kind { null, dictionary, array, string, integer, real, boolean, date, data };
-    enum class Form { xml, binary };
 
     using Array = std::vector<PropertyList>;
     using Date = std::chrono::sys_time<std::chrono::milliseconds>; // XML keeps whole seconds
@@ -111,10 +110,10 @@ public:
     static std::optional<PropertyList> parse(std::string_view bytes, std::string* error = nullptr);
 
     // The old file or the new one is found at the path at any time, never a part. False with an error.
-    bool write(const std::string& path, std::string* error = nullptr, Form form = Form::xml) const;
+    bool write(const std::string& path, std::string* error = nullptr) const;
 
     // As a file has it. None for a value that isn't of a kind, or too deep.
-    std::optional<std::string> text(Form form = Form::xml, std::string* error = nullptr) const;
+    std::optional<std::string> text(std::string* error = nullptr) const;
 
 private:
     std::variant<std::monostate, Dictionary, Array, std::string, int64_t, double, bool, Date, Data> value;

@@ -72,16 +72,16 @@ std::optional<PropertyList> PropertyList::read(const std::string& path, std::str
     return list;
 }
 
-std::optional<std::string> PropertyList::text(Form form, std::string* error) const {
+std::optional<std::string> PropertyList::text(std::string* error) const {
     std::string reason;
-    auto bytes = writePropertyList(*this, form, reason);
+    auto bytes = writeXMLPropertyList(*this, reason);
     if (!bytes && error) *error = reason;
     return bytes;
 }
 
-bool PropertyList::write(const std::string& path, std::string* error, Form form) const {
+bool PropertyList::write(const std::string& path, std::string* error) const {
     std::string reason;
-    const auto bytes = text(form, &reason);
+    const auto bytes = text(&reason);
     if (bytes) {
         const int problem = writeFileAtomically(path, *bytes);
         if (problem == 0) return true;

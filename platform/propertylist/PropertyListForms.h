@@ -13,8 +13,7 @@ namespace platform {
 // All give none and a clause without a full stop, such as "line 3: unknown element <set>".
 std::optional<PropertyList> readXMLPropertyList(std::string_view bytes, std::string& error);
 std::optional<PropertyList> readBinaryPropertyList(std::string_view bytes, std::string& error);
-std::optional<std::string> writePropertyList(const PropertyList& list, PropertyList::Form form,
-                                             std::string& error);
+std::optional<std::string> writeXMLPropertyList(const PropertyList& list, std::string& error);
 
 inline constexpr std::string_view binaryPropertyListMagic = "bplist00";
 

@@ -30,8 +30,10 @@ bool holdsLargeFactorial(std::u16string_view text) {
     std::size_t digits = 0;
     for (const char16_t unit : text) {
         if (unit == u'!' && digits > 4) return true;
-        if (unit >= u'0' && unit <= u'9') ++digits;
-        else if (unit != u' ' && unit != u',') digits = 0;
+        if (unit >= u'0' && unit <= u'9')
+            ++digits;
+        else if (unit != u' ' && unit != u',')
+            digits = 0;
     }
     return false;
 }

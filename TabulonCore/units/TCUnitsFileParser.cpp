@@ -199,7 +199,7 @@ void TCUnitsFileParser::Loading::loadUnitDictionaries() {
     for (const PropertyList::Entry& category : unitsDataSource["Units"].dictionary()) {
         const TCUnitType type = TCUnitTypeFromCategory(category.key);
         for (const PropertyList::Entry& unit : category.value.dictionary())
-            entries[unit.key] = {&unit.value, type};
+            if (!unit.key.empty()) entries[unit.key] = {&unit.value, type};
     }
 }
 
@@ -253,6 +253,7 @@ TCUnitsPreference TCUnitsFileParser::Loading::preferenceWithEntries(const Proper
         if (constant.empty()) continue;
         TCUnitsPreferenceOption& option = preference.options[std::u16string(constant)];
         for (const PropertyList::Entry& alias : optionEntry.value.dictionary()) {
+            if (alias.key.empty()) continue;
             const auto targetIdentifier = alias.value.string();
             auto target = targetIdentifier ? getOrLoadUnit(*targetIdentifier) : nullptr;
             if (!target) {

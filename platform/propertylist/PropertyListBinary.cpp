@@ -226,9 +226,11 @@ std::optional<double> realOf(uint64_t bits, std::size_t size) {
 }
 
 std::optional<PropertyList> dateOf(double secondsFromOrigin) {
-    constexpr double limit = 1e12; // thirty thousand years
-    if (!(std::abs(secondsFromOrigin) < limit)) return std::nullopt;
     const double milliseconds = std::round((secondsFromOrigin + dateOrigin) * 1000);
+    const auto count = [](PropertyList::Date date) {
+        return static_cast<double>(date.time_since_epoch().count());
+    };
+    if (!(milliseconds >= count(earliestDate) && milliseconds <= count(latestDate))) return std::nullopt;
     return PropertyList(PropertyList::Date(std::chrono::milliseconds(static_cast<int64_t>(milliseconds))));
 }
 

@@ -94,7 +94,8 @@ std::optional<PropertyList::Date> dateFrom(std::string_view text) {
     const int hours = number(11, 2);
     const int minutes = number(14, 2);
     const int seconds = number(17, 2);
-    if (!day.ok() || hours > 23 || minutes > 59 || seconds > 60) return std::nullopt;
+    if (!day.ok() || day.year() < std::chrono::year(1) || hours > 23 || minutes > 59 || seconds > 60)
+        return std::nullopt;
     return std::chrono::sys_days(day) + std::chrono::hours(hours) + std::chrono::minutes(minutes) +
            std::chrono::seconds(seconds);
 }

@@ -4,6 +4,7 @@
 
 #include <unicode/utf8.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <chrono>
@@ -39,7 +40,7 @@ std::string_view escapeOf(UChar32 character) {
 }
 
 std::string dateText(PropertyList::Date date) {
-    const auto seconds = std::chrono::floor<std::chrono::seconds>(date);
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(std::clamp(date, earliestDate, latestDate));
     const auto days = std::chrono::floor<std::chrono::days>(seconds);
     const std::chrono::year_month_day day(days);
     const std::chrono::hh_mm_ss time(seconds - days);

@@ -132,9 +132,7 @@ TEST_F(TKVariablesManagerTests, AValueIsWhatItsTextComesTo) {
 
 TEST_F(TKVariablesManagerTests, EverythingOfAVariableIsSavedAndRead) {
     const auto speed = TCVariable::variableWithName(
-        u"speed", u"2.5", 0,
-        TBF::retain(
-            TCUnitStringParser(units->tcUnitManager()).unitFromString(u"metre/second")->tbfUnitContainer()));
+        u"speed", u"2.5", 0, TCUnitStringParser(units->tcUnitManager()).unitFromString(u"metre/second"));
     const auto tax = TCVariable::variableWithName(u"tax", u"8.25", 1, nullptr);
     tax->setEnabled(false);
     tax->setInfoDescription(u"of sales");

@@ -372,7 +372,8 @@ def check_names(language, units, money, faults, listing):
 # What short and shared names mean with nothing beside them, in every language.
 EXPECTED = {"m": "metre", "min": "minute", "h": "hour", "s": "second", "d": "day", "g": "gram", "t": "tonne",
             "l": "litre", "L": "litre", "c": "celsius", "C": "celsius", "F": "fahrenheit", "f": "fahrenheit",
-            "in": "inch", "\"": "inch", "'": "foot", "″": "inch", "′": "foot", "ft": "foot", "b": "bit", "B": "byte", "Mb": "si+6-bit",
+            "in": "inch", "\"": "inch", "″": "inch", "ft": "foot", "'": "foot", "′": "foot",
+            "b": "bit", "B": "byte", "Mb": "si+6-bit",
             "MB": "megabyte", "mb": "megabyte", "kb": "kilobyte", "KB": "kilobyte", "oz": "ounce", "lb": "pound",
             "pt": "point", "km": "si+3-metre", "KM": "kms", "Km": "kms", "kg": "si+3-gram", "KG": "kilo", "kgs": "kilo",
             "ml": "si-3-litre", "mL": "si-3-litre", "ms": "si-3-second", "mA": "si-3-ampere", "W": "watt",
@@ -393,7 +394,8 @@ EXPECTED_IN = {"en": {"pound": "pound", "pounds": "pound", "ounces": "ounce", "d
                       "PS": "metric horsepower", "Pfund": "pound", "US-Dollar": "USD", "qm": "square metre"},
                "fr": {"miles": "mile", "kilomètres": "si+3-metre", "heures": "hour", "euros": "EUR", "Mo": "megabyte",
                       "mètres carrés": "square metre", "ans": "year", "livres": "pound"},
-               "es": {"millas": "mile", "kilómetros": "kilómetro", "km": "si+3-metre", "horas": "hour", "euros": "EUR", "años": "year",
+               "es": {"millas": "mile", "kilómetros": "kilómetro", "km": "si+3-metre", "horas": "hour", "euros": "EUR",
+                      "años": "year",
                       "metros cuadrados": "square metre", "libras": "pound", "pesos": "ARS"},
                "ja": {"マイル": "mile", "キロメートル": "si+3-metre", "時間": "hour", "円": "JPY", "ドル": "USD",
                       "平米": "square metre", "坪": "tsubo", "ポンド": "pound", "元": "CNY"}}
@@ -465,7 +467,7 @@ def check_currency_names(language, faults):
             if name != " ".join(name.split()) or not name:
                 faults(f"{code}: the name {name!r} has stray spaces")
         if names.get("symbol") == code:
-            faults(f"{code}: a symbol like the code binds the code to its capitals; list it in symbols if that is meant")
+            faults(f"{code}: a symbol like the code keeps it to its capitals; list it in symbols if that is meant")
         for values in aliases.values():
             if len(values) != len(set(values)):
                 faults(f"{code}: an alias twice")
@@ -552,8 +554,8 @@ def main():
             index, ambiguous = check_names(language, units, money, faults,
                                            options is OPTIONS[0] and (listing or language == "en"))
             if options is OPTIONS[0]:
-                counts.append(f"{language}: {len(units.loaded)} units, {english} of them or of their bases with English "
-                              f"names, {len(index.names())} names, {ambiguous} ambiguous")
+                counts.append(f"{language}: {len(units.loaded)} units, {english} entries with English names, "
+                              f"{len(index.names())} names, {ambiguous} ambiguous")
         check_words(language, index, faults)
     check_currencies(faults)
     faults.place = ""

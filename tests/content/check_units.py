@@ -164,7 +164,8 @@ EXACT = {
     "surveyor's rod": ("33/2", "foot"), "surveyor's chain": ("66", "foot"), "survey foot": ("1200/3937", "metre"),
     "survey mile": ("5280*1200/3937", "metre"), "nautical mile": ("1852", "metre"),
     "astronomical unit": ("149597870700", "metre"), "light second": ("299792458", "metre"),
-    "light year": ("299792458*86400*365.25", "metre"), "parsec": ("648000/" + PI, "astronomical unit"), "point": ("1/72", "inch"), "pica": ("1/6", "inch"),
+    "light year": ("299792458*86400*365.25", "metre"),
+    "parsec": ("648000/" + PI, "astronomical unit"), "point": ("1/72", "inch"), "pica": ("1/6", "inch"),
     "pixel": ("1/96", "inch"), "pound": ("0.45359237", "si+3-gram"), "ounce": ("1/16", "pound"),
     "grain": ("1/7000", "pound"), "stone": ("14", "pound"), "short ton": ("2000", "pound"),
     "long ton": ("2240", "pound"), "troy ounce": ("480", "grain"), "pennyweight": ("24", "grain"),
@@ -306,7 +307,8 @@ def compare_aliases(faults):
         for name, answer in zip(names, answers):
             theirs = number(answer)
             if theirs is None or abs(units.loaded[name].multiplier() / theirs - 1) > TOLERANCE:
-                faults.append(f"{name} under {system}: {float(units.loaded[name].factor):.15g} here, {answer} for units")
+                faults.append(f"{name} under {system}: {float(units.loaded[name].factor):.15g} here, "
+                              f"{answer} for units")
         count += len(names)
     return count
 

@@ -11,6 +11,8 @@
 #include "results/TCResultFormattingOptions.h"
 #include "runtime/TBFLog.h"
 #include "runtime/Unicode.h"
+#include "units/TCUnitCollection.h"
+#include "units/TCUnitStringParser.h"
 
 #include <algorithm>
 #include <charconv>
@@ -288,7 +290,8 @@ void TCFile::takeContents(const TBF::FileReader& reader) {
 void TCFile::takeExpectations(const TBF::FileLine& line) {
     const std::optional<std::u16string> unitText = textOf(line.expectedUnit);
     const std::optional<std::u16string> answer = textOf(line.expectedAnswer);
-    const auto unit = unitText && unitParser ? unitParser(*unitText) : nullptr;
+    const TCUnitStringParser unitParser(TCUnitCollection::sharedManager());
+    const auto unit = unitText ? unitParser.unitFromString(*unitText) : nullptr;
     auto result = TCResult::resultWithRawResultString(
         answer ? std::optional<std::u16string_view>(*answer) : std::nullopt, unit);
     const TBF::String* const places = line.formattingAttributes.find(decimalPlacesKey);

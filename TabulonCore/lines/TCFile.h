@@ -8,7 +8,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -21,7 +20,6 @@
 class TCLine;
 class TCLineCollection;
 class TCResult;
-class TCUnit;
 
 namespace TBF {
 class FileLinesNode;
@@ -59,13 +57,8 @@ public:
     TCFileFormat fileFormat();
     bool isEvaluationTestFile();
 
-    // Turns the units that a test file expects into objects. Set before the file is read; without one, the
-    // expected results have no units. Null for a text that is no unit.
-    using UnitParser = std::function<std::shared_ptr<TCUnit>(std::u16string_view text)>;
-    void setUnitParser(UnitParser parser) { unitParser = std::move(parser); }
-
     // What a test file expects of its lines, one entry each; nothing for any other file. A result without
-    // a text is empty; a line may have no unit.
+    // a text is empty; a line may have no unit. Units are read with those of the current environment.
     const std::optional<std::vector<std::shared_ptr<TCResult>>>& expectedResults() const;
     const std::optional<std::vector<std::optional<std::u16string>>>& expectedUnitStrings() const;
 
@@ -113,6 +106,5 @@ private:
     std::optional<std::vector<std::optional<std::u16string>>> unitStrings; // of a test file only
     std::vector<int64_t> fileLineNumbers;                                  // by line index when read
     UserInfo miscellaneous;
-    UnitParser unitParser;
     std::string failure;
 };

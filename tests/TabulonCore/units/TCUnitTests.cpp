@@ -5,6 +5,9 @@
 #include "environment/TCEnvironment.h"
 #include "environment/TCEvaluator.h"
 #include "expressions/TCExpression.h"
+#include "lines/TCFile.h"
+#include "lines/TCLine.h"
+#include "lines/TCLineCollection.h"
 #include "numbers/Number.h"
 #include "results/TCResult.h"
 #include "results/TCResultFormatter.h"
@@ -21,7 +24,10 @@
 #include "units/UnitFractionBuilder.h"
 #include "variables/TCVariable.h"
 
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace {
 
@@ -249,6 +255,25 @@ TEST_F(Units, ResultsHoldTheUnitOfTheEvaluationAndTheOneToShow) {
     EXPECT_FALSE(result(u"7")->unitString());
     EXPECT_TRUE(result(u"1 km")->isEqual(result(u"1 km").get()));
     EXPECT_FALSE(result(u"1 km")->isEqual(result(u"1000 m").get()));
+}
+
+TEST_F(Units, ATestFileExpectsUnits) {
+    const auto environment = TCBuiltins::environment();
+    environment->setUnitManager(manager);
+    environment->set();
+    const std::string path = testing::TempDir() + "expected-units-" + std::to_string(getpid()) + ".tabulon";
+    std::ofstream(path)
+        << "<?xml version=\"1.0\"?><data><info><version>0.6</version><mode>test</mode></info><lines>"
+           "<line><expression>2 km * 3</expression><expected_ans>6</expected_ans>"
+           "<expected_unit>km</expected_unit></line></lines></data>";
+    TCFile file(path);
+    ASSERT_TRUE(file.lineCollection()) << file.failureSentence();
+    ASSERT_TRUE(file.expectedResults());
+    const TCResult& expected = *file.expectedResults()->front();
+    EXPECT_EQ(expected.unitString(), u"kilometres");
+    EXPECT_TRUE(expected.isEqual(file.lineCollection()->lineAtIndex(0)->result().get()));
+    std::filesystem::remove(path);
+    TCBuiltins::environment()->set();
 }
 
 TEST_F(Units, VariablesShowAndSaveTheirUnits) {

@@ -43,11 +43,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     const auto list = PropertyList::parse({reinterpret_cast<const char*>(data), size}, &error);
     if (list.has_value() != error.empty()) std::abort();
     if (!list) return 0;
+    // The text has whole seconds, and replacements for what XML can't hold, also in keys, which may then
+    // stand in another order. From there on nothing changes any more.
     const auto text = list->text();
     const auto again = text ? PropertyList::parse(*text) : std::nullopt;
-    // Dates have whole seconds in the text, and what XML can't hold is replaced: the second time nothing
-    // changes.
-    if (!again || again->text() != text) std::abort();
+    const auto settled = again ? again->text() : std::nullopt;
+    const auto last = settled ? PropertyList::parse(*settled) : std::nullopt;
+    if (!last || last->text() != settled) std::abort();
     checkUnits(*list);
     return 0;
 }

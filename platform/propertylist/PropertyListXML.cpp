@@ -280,7 +280,12 @@ void Reader::add(PropertyList value) {
 }
 
 struct ParserDeleter {
-    void operator()(xmlParserCtxtPtr context) const { xmlFreeParserCtxt(context); }
+    // Declarations of entities make a document on the side, which the parser doesn't free.
+    void operator()(xmlParserCtxtPtr context) const {
+        xmlFreeDoc(context->myDoc);
+        context->myDoc = nullptr;
+        xmlFreeParserCtxt(context);
+    }
 };
 
 std::optional<PropertyList> Reader::read(std::string& error) {

@@ -29,11 +29,6 @@ std::u16string_view trimmed(std::u16string_view text) {
     return text.substr(first, text.find_last_not_of(whiteSpace) - first + 1);
 }
 
-bool isUsableRate(std::string_view text) {
-    const double value = TKDoubleValue(TBF::utf16(text));
-    return std::isfinite(value) && value > 0 && std::isfinite(1.0 / value);
-}
-
 TKCurrency::Date now() {
     return std::chrono::time_point_cast<TKCurrency::Date::duration>(std::chrono::system_clock::now());
 }
@@ -54,6 +49,14 @@ std::u16string TKDecimalText(double value) {
     const auto written =
         std::to_chars(std::begin(digits), std::end(digits), value, std::chars_format::fixed, 16);
     return std::u16string(std::begin(digits), written.ptr);
+}
+
+std::optional<std::u16string> TKFactorOfRate(std::u16string_view rate) {
+    const double factor = 1.0 / TKDoubleValue(rate);
+    if (!std::isfinite(factor)) return std::nullopt;
+    std::u16string text = TKDecimalText(factor);
+    if (!(TKDoubleValue(text) > 0)) return std::nullopt; // with 16 decimals, a large rate leaves nothing
+    return text;
 }
 
 std::optional<std::u16string> localizedCurrencyResultStringWithLocale(std::u16string_view rawText,
@@ -101,7 +104,7 @@ bool TKCurrency::setValueForKey(const PropertyList& value, std::string_view key)
     }
     if (key == "rate") {
         const auto text = value.string();
-        if (!text || !isUsableRate(*text)) return false;
+        if (!text || !TKFactorOfRate(TBF::utf16(*text))) return false;
         setRate(TBF::utf16(*text));
         return true;
     }

@@ -5,8 +5,6 @@
 #include "runtime/Unicode.h"
 #include "units/TCBasicUnit.h"
 
-#include <cmath>
-
 void TKCurrencyRatesToUnitsHelper::updateUnitRatesFromCurrencies(
     std::span<const std::shared_ptr<TKCurrency>> currencies) {
     for (const auto& currency : currencies) {
@@ -20,13 +18,12 @@ void TKCurrencyRatesToUnitsHelper::updateUnitRatesFromCurrencies(
             TCWarnLog("Warning: Unit for currency %s could not be updated as the rate is nil", code.c_str());
             continue;
         }
-        const double factor = 1.0 / TKDoubleValue(*rate);
-        const std::u16string text = std::isfinite(factor) ? TKDecimalText(factor) : std::u16string();
-        if (!(TKDoubleValue(text) > 0)) { // with 16 decimals, a large rate leaves nothing
+        const auto factor = TKFactorOfRate(*rate);
+        if (!factor) {
             TCWarnLog("Warning: invalid rate (%s) found for currency %s", TBF::utf8(*rate).c_str(),
                       code.c_str());
             continue;
         }
-        if (text != currency->mutableUnit()->factor()) currency->mutableUnit()->setFactor(text);
+        if (*factor != currency->mutableUnit()->factor()) currency->mutableUnit()->setFactor(*factor);
     }
 }

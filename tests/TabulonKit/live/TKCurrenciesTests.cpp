@@ -67,7 +67,7 @@ TEST(TKCurrencyTests, ReadsAndWritesItsDictionary) {
 TEST(TKCurrencyTests, UnusableValuesLeaveTheFieldsAlone) {
     const auto row = TKCurrency::currencyWithDictionary(currencyRow("EUR", "0.8", true));
     testing::internal::CaptureStderr();
-    for (const char* rate : {"0", "abc", "-1", "nan", "inf", "1e999", ""})
+    for (const char* rate : {"0", "abc", "-1", "nan", "inf", "1e999", "1e17", ""})
         row->acquireValuesFromDictionary(Dictionary{{"rate", rate}});
     row->acquireValuesFromDictionary(Dictionary{
         {"rate", 3}, {"enabled", Array{}}, {"sourceDate", "today"}, {"colour", "red"}, {"favourite", true}});

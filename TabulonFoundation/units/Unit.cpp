@@ -18,8 +18,8 @@ namespace TBF {
 namespace {
 
 // Guards the factor, the offset and their decimals in all units: they are looked at briefly and rarely, a
-// lock in each unit would cost more than it gives. The kernel's lock may be taken below it, never the other
-// way round.
+// lock in each unit would cost more than it gives. Whoever computes may hold the kernel's lock already, so
+// that nothing that takes that one happens under this one.
 std::mutex decimalsLock;
 
 // The slot of a name type. Only the identifier's type has none, and it is answered before.
@@ -30,6 +30,20 @@ std::size_t nameIndex(TBFUnitNameType nameType) {
 
 Ref<Number> numberFromText(const Ref<String>& text) {
     return Number::create(text->utf8().c_str(), TBFNumberTypeDecimal);
+}
+
+// The decimals of a text, made once and kept beside it.
+Ref<Number> numberBeside(const Ref<String>& text, Ref<Number>& kept) {
+    Ref<String> source;
+    {
+        const std::lock_guard guard(decimalsLock);
+        if (kept) return kept;
+        source = text;
+    }
+    Ref<Number> made = numberFromText(source);
+    const std::lock_guard guard(decimalsLock);
+    if (!kept && text == source) kept = made;
+    return kept ? kept : made;
 }
 
 // All digits, without idle zeros.
@@ -115,15 +129,20 @@ void Unit::addAlias(Ref<String> alias, TBFUnitNameType nameType) {
 }
 
 Ref<String> Unit::baseFactor() const {
+    Ref<Number> number;
+    {
+        const std::lock_guard guard(decimalsLock);
+        if (factorText) return factorText;
+        number = factorNumber;
+    }
+    Ref<String> made = textOf(*number);
     const std::lock_guard guard(decimalsLock);
-    if (!factorText) factorText = textOf(*factorNumber);
+    if (!factorText) factorText = std::move(made);
     return factorText;
 }
 
 Ref<Number> Unit::baseFactorNumber() const {
-    const std::lock_guard guard(decimalsLock);
-    if (!factorNumber) factorNumber = numberFromText(factorText);
-    return factorNumber;
+    return numberBeside(factorText, factorNumber);
 }
 
 void Unit::setBaseFactor(std::string_view factor) {
@@ -136,9 +155,7 @@ void Unit::setBaseFactor(std::string_view factor) {
 
 Ref<Number> Unit::offsetNumber() const {
     if (!ownOffset) return {};
-    const std::lock_guard guard(decimalsLock);
-    if (!ownOffsetNumber) ownOffsetNumber = numberFromText(ownOffset);
-    return ownOffsetNumber;
+    return numberBeside(ownOffset, ownOffsetNumber);
 }
 
 void Unit::setOffset(Ref<String> offset) {

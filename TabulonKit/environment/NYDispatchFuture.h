@@ -26,7 +26,7 @@ public:
     // Starts the work on the queue, which has to outlive the future.
     static std::shared_ptr<DispatchFuture> dispatch_create(platform::DispatchQueue& queue, Work work) {
         auto future = std::make_shared<DispatchFuture>(queue);
-        queue.async([future, work = std::move(work)] { future->resolveWith(work); });
+        queue.async([future, work = std::move(work)]() mutable { future->resolveWith(std::move(work)); });
         return future;
     }
 
@@ -48,12 +48,15 @@ public:
     }
 
 private:
-    void resolveWith(const Work& work) {
+    // What the work holds is let go of before the value is there, so that nothing ends behind the back of
+    // whoever waits for it.
+    void resolveWith(Work work) {
         try {
             value = work();
         } catch (...) {
             failure = std::current_exception();
         }
+        work = nullptr;
         semaphore.signal();
         resolved = true;
     }

@@ -48,6 +48,15 @@ TEST(DispatchFutureTests, WhatTheWorkThrowsComesOutOfGet) {
     EXPECT_THROW(future->get(), std::runtime_error);
 }
 
+TEST(DispatchFutureTests, WhatTheWorkHoldsIsLetGoOfBeforeItsValueIsThere) {
+    for (int i = 0; i < 100; ++i) {
+        const auto held = std::make_shared<int>(i);
+        const auto future = NYDispatchFuture::futureOnQueue(queue(), [held] { return std::any(*held); });
+        EXPECT_EQ(valueOf(future), i);
+        EXPECT_EQ(held.use_count(), 1);
+    }
+}
+
 TEST(NYDispatchFutureTests, AllWaitsForEachAndHasNoValue) {
     std::atomic<int> done = 0;
     std::vector<NYDispatchFuture::Future> futures;

@@ -1,9 +1,10 @@
-// A line's road, from its text to its formatted answer and its row of a page: the input is a document of
-// UTF-8 lines, the first byte of which chooses locale, angle mode and display format.
+// A line's road, from its text to its formatted answer and its row of a page, with all units, currencies and
+// phrases of the content: the input is a document of UTF-8 lines, the first byte of which chooses locale,
+// angle mode and display format.
 
-#include "environment/TCBuiltins.h"
-#include "environment/TCEnvironment.h"
 #include "environment/TCSettings.h"
+#include "environment/TKEnvironment.h"
+#include "environment/TKEnvironmentBuilder.h"
 #include "export/TKLineCollectionExporter.h"
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
@@ -22,7 +23,11 @@ void startOnce() {
     if (TCSettings::isSet()) return;
     TBFErrorLogSetEnabled(0);
     TCSettings::make()->set();
-    TCBuiltins::environment()->set();
+    const auto environment = TKEnvironmentBuilder().build();
+    environment->setUpdatesValuesFromWeb(false);
+    environment->loadFromBundleAtPath(CONTENT_BUNDLE, "en");
+    environment->completeLoading();
+    environment->set();
 }
 
 // Factorials of large numbers are allowed to take seconds, which would be all that the fuzzer does.

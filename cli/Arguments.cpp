@@ -112,15 +112,26 @@ void addOutput(CLI::App& command, std::optional<std::string>& output) {
         ->type_name("FILE");
 }
 
+constexpr uint32_t smallestThumbnail = 32;
+constexpr uint32_t largestThumbnail = 4096;
+
+// Empty if the text has no character that an address can't have.
+std::string isWrittenAsURI(const std::string& text) {
+    const bool isPlain = std::all_of(text.begin(), text.end(), [](char c) { return c > 0x20 && c < 0x7F; });
+    return isPlain && !text.empty() ? "" : "not written as an address";
+}
+
 // The commands and what they fill in.
 struct Parser {
     HostOptions host;
     CLI::App app{"Answers the lines of a document, each line with its own answer.", "tabulon"};
     PreviewArguments preview;
+    ThumbnailArguments thumbnail;
     AnswersArguments answers;
     ExportArguments exporting;
     ConvertArguments conversion;
     CLI::App* previewCommand = nullptr;
+    CLI::App* thumbnailCommand = nullptr;
     CLI::App* answersCommand = nullptr;
     CLI::App* exportCommand = nullptr;
     CLI::App* convertCommand = nullptr;
@@ -130,10 +141,12 @@ struct Parser {
         app.set_version_flag("--version", "tabulon " TABULON_VERSION, "Print the version and exit");
         app.footer("Exit codes: 0 done, 1 a file could not be read or written, 2 wrong usage.");
         addPreview();
+        addThumbnail();
         addAnswers();
         addExport();
         addConvert();
-        for (CLI::App* const each : {&app, previewCommand, answersCommand, exportCommand, convertCommand})
+        for (CLI::App* const each :
+             {&app, previewCommand, thumbnailCommand, answersCommand, exportCommand, convertCommand})
             addHostOptions(*each, host);
     }
 
@@ -141,6 +154,23 @@ struct Parser {
         previewCommand = app.add_subcommand("preview", "The page of a document, as a preview shows it");
         addFile(*previewCommand, "FILE", preview.file, "A document")->required();
         addOutput(*previewCommand, preview.output);
+    }
+
+    void addThumbnail() {
+        thumbnailCommand = app.add_subcommand("thumbnail", "A small picture of a document, as a PNG file");
+        addFile(*thumbnailCommand, "FILE", thumbnail.file, "A document")->required();
+        thumbnailCommand->add_option("-o,--output", thumbnail.output, "The file to write")
+            ->type_name("FILE")
+            ->required();
+        thumbnailCommand->add_option("-s,--size", thumbnail.size, "The longer side, in pixels")
+            ->type_name("N")
+            ->check(CLI::Range(smallestThumbnail, largestThumbnail));
+        thumbnailCommand
+            ->add_option_function<std::string>(
+                "--uri", [this](const std::string& uri) { thumbnail.uri = uri; },
+                "The document's address, where FILE is a copy of it")
+            ->type_name("URI")
+            ->check(isWrittenAsURI, "");
     }
 
     void addAnswers() {
@@ -173,6 +203,7 @@ struct Parser {
 
     CommandArguments chosen() const {
         if (previewCommand->parsed()) return preview;
+        if (thumbnailCommand->parsed()) return thumbnail;
         if (answersCommand->parsed()) return answers;
         if (exportCommand->parsed()) return exporting;
         return conversion;

@@ -24,6 +24,13 @@ struct PreviewArguments {
     std::optional<std::string> output;
 };
 
+struct ThumbnailArguments {
+    std::string file;
+    std::string output;
+    uint32_t size = 256;            // of the longer side, in pixels
+    std::optional<std::string> uri; // by which the picture names the document; that of the file otherwise
+};
+
 struct AnswersArguments {
     std::string file = "-";
     ReadingOptions reading;
@@ -49,7 +56,8 @@ struct ConvertArguments {
     ReadingOptions reading;
 };
 
-using CommandArguments = std::variant<PreviewArguments, AnswersArguments, ExportArguments, ConvertArguments>;
+using CommandArguments =
+    std::variant<PreviewArguments, ThumbnailArguments, AnswersArguments, ExportArguments, ConvertArguments>;
 
 struct Arguments {
     CommandArguments command;

@@ -23,6 +23,7 @@ Overloaded(Functions...) -> Overloaded<Functions...>;
 void run(const CommandArguments& arguments) {
     std::visit(Overloaded{
                    [](const PreviewArguments& each) { runPreview(each); },
+                   [](const ThumbnailArguments& each) { runThumbnail(each); },
                    [](const AnswersArguments& each) { runAnswers(each); },
                    [](const ExportArguments& each) { runExport(each); },
                    [](const ConvertArguments& each) { runConvert(each); },

@@ -4,7 +4,10 @@
 // gives it to a generator, which answers through the request. Everything here runs on the thread on which the
 // host called the generator.
 
+#include "graphics/DrawingContext.h"
+
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,4 +39,29 @@ inline void QLPreviewRequestSetDataRepresentation(QLPreviewRequest* request,
                                                   std::string_view contentType,
                                                   const QLProperties& properties) {
     if (request) request->setDataRepresentation(data, contentType, properties);
+}
+
+// One wish for a thumbnail. The host owns it, and keeps it until the generator has returned.
+class QLThumbnailRequest {
+public:
+    virtual ~QLThumbnailRequest() = default;
+
+    // Called at most once: a context of this size in points, in which one point need not be one pixel unless
+    // a bitmap is asked for. Null if there can be none.
+    virtual std::shared_ptr<platform::DrawingContext> createContext(platform::Size size, bool isBitmap,
+                                                                    const QLProperties* properties) = 0;
+
+    // Called at most once, with the context when the drawing is complete.
+    virtual void flushContext(platform::DrawingContext& context) = 0;
+};
+
+// A null request has no context.
+inline std::shared_ptr<platform::DrawingContext>
+QLThumbnailRequestCreateContext(QLThumbnailRequest* request, platform::Size size, bool isBitmap,
+                                const QLProperties* properties) {
+    return request ? request->createContext(size, isBitmap, properties) : nullptr;
+}
+
+inline void QLThumbnailRequestFlushContext(QLThumbnailRequest* request, platform::DrawingContext& context) {
+    if (request) request->flushContext(context);
 }

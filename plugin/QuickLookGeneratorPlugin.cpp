@@ -1,6 +1,7 @@
 #include "QuickLookGeneratorPlugin.h"
 
 #include "GeneratePreviewForURL.h"
+#include "GenerateThumbnailForURL.h"
 #include "bootstrap.h"
 #include "bundle/Bundle.h"
 #include "plugin/PlugInFactory.h"
@@ -60,6 +61,8 @@ QLResult QuickLookGeneratorQueryInterface(void* self, platform::UUID interfaceID
         return kQLResultNoInterface;
     }
     QLGeneratorInterface* const table = instanceOf(self).interfaceTable;
+    table->GenerateThumbnailForURL = GenerateThumbnailForURL;
+    table->CancelThumbnailGeneration = CancelThumbnailGeneration;
     table->GeneratePreviewForURL = GeneratePreviewForURL;
     table->CancelPreviewGeneration = CancelPreviewGeneration;
     table->AddRef(self);

@@ -35,16 +35,18 @@ struct QLGeneratorInterface {
     uint32_t (*AddRef)(void* self);
     uint32_t (*Release)(void* self);
 
-    // Null: this plug-in draws no thumbnails, and a host shows its own icon.
-    int32_t (*GenerateThumbnailForURL)(void* self, void* request, const char* url, const char* contentType,
-                                       const QLProperties* options, double maxWidth, double maxHeight);
-    void (*CancelThumbnailGeneration)(void* self, void* request);
+    // The greatest width and height of the thumbnail are in points. Always 0.
+    int32_t (*GenerateThumbnailForURL)(void* self, QLThumbnailRequest* request, const char* url,
+                                       const char* contentType, const QLProperties* options, double maxWidth,
+                                       double maxHeight);
+
+    // Does nothing: a request that has begun runs to its end. So does the other one.
+    void (*CancelThumbnailGeneration)(void* self, QLThumbnailRequest* request);
 
     // `url` is the document's file URL; content type and options may be null. Always 0.
     int32_t (*GeneratePreviewForURL)(void* self, QLPreviewRequest* request, const char* url,
                                      const char* contentType, const QLProperties* options);
 
-    // Does nothing: a request that has begun runs to its end.
     void (*CancelPreviewGeneration)(void* self, QLPreviewRequest* request);
 };
 

@@ -67,6 +67,10 @@ std::u16string classOf(const TCExpressionToken& token) {
     return classIn(tokenClasses, type);
 }
 
+std::u16string spanOf(const TCExpressionToken& token, std::u16string_view text) {
+    return u"<span class=\"" + classOf(token) + u"\">" + TKHTMLEscaped(text) + u"</span>";
+}
+
 std::u16string_view alignment(int32_t textAlignment) {
     if (textAlignment == 2) return u"center";
     return textAlignment == 1 ? u"right" : u"left";
@@ -74,6 +78,12 @@ std::u16string_view alignment(int32_t textAlignment) {
 
 bool showsLineNumbers(const TKLineCollectionExporterHTMLStyle* style) {
     return style && style->showsLineNumbers();
+}
+
+// An answer of digits alone is cut; one with markup is short.
+std::u16string cutAnswer(std::u16string html, std::size_t limit) {
+    if (html.size() <= limit || html.find_first_of(u"<&") < html.size()) return html;
+    return html.substr(0, limit) + u'\u2026';
 }
 
 std::string utf8(std::u16string_view text) {
@@ -146,8 +156,12 @@ std::string TKLineCollectionExporter::bodyHTML(const Style* style) {
                        "<table class=\"document_table\">\n"
                        "<tr class=\"top_padding\"><td style=\"padding: 0px\"></td></tr>\n";
     body += headingRow(style);
-    for (const std::shared_ptr<TCLine>& line : *collection)
-        if (!isSkipped(*line)) body += lineRow(*line, style);
+    std::size_t countOfRows = 0;
+    for (const std::shared_ptr<TCLine>& line : *collection) {
+        if (isSkipped(*line)) continue;
+        if (++countOfRows > countOfLinesLimit) break;
+        body += lineRow(*line, style);
+    }
 
     // Takes up what height is left, so that the table fills its view.
     body += "<tr class=\"line expander\">";
@@ -182,7 +196,7 @@ std::string TKLineCollectionExporter::lineRow(TCLine& line, const Style* style) 
     if (showsLineNumbers(style))
         row += "<td class=\"line_number\">" + std::to_string(line.index() + 1) + "</td>";
     row += "<td class=\"expression\"><pre>" + expressionHTML(line) + "</pre></td><td class=\"answer\">";
-    row += result ? utf8(TKAnswerHTML(*result, line.formattingOptions())) : blank;
+    row += result ? utf8(cutAnswer(TKAnswerHTML(*result, line.formattingOptions()), lineLengthLimit)) : blank;
     return row + "</td></tr>\n";
 }
 
@@ -230,21 +244,36 @@ void TKLineCollectionExporter::preFormatLine(TCLine& line, TBFRange, const TKFor
     tag += u";\">";
     intoDestinationString.insert(static_cast<std::size_t>(withRange.location), tag);
     rawTextStart = withRange.location + static_cast<int32_t>(tag.size());
+    cutStart.reset();
 }
 
-void TKLineCollectionExporter::formatToken(const TCExpressionToken& token, TBFRange, const TKFormattableText&,
-                                           std::size_t onLine, TKFormattableText& intoDestinationString,
-                                           TBFRange withRange, const std::any&) {
+void TKLineCollectionExporter::formatToken(const TCExpressionToken& token, TBFRange havingRange,
+                                           const TKFormattableText&, std::size_t onLine,
+                                           TKFormattableText& intoDestinationString, TBFRange withRange,
+                                           const std::any&) {
+    if (cutStart) return;
+    if (static_cast<std::size_t>(havingRange.end()) > lineLengthLimit) {
+        const auto length = static_cast<int32_t>(lineLengthLimit) - havingRange.location;
+        return cutToken(token, length, intoDestinationString, withRange);
+    }
     if (static_cast<int32_t>(token.type()) == whitespaceType) return;
     withRange.location += escapeUpTo(withRange.location, intoDestinationString);
-    std::u16string span = u"<span class=\"" + classOf(token) + u"\">";
     const bool showsAnswer =
         resolvesLineReferences && static_cast<int32_t>(token.type()) == lineReferenceType;
-    span += TKHTMLEscaped(showsAnswer ? answerOfReference(token, onLine)
-                                      : intoDestinationString.substring(withRange));
-    span += u"</span>";
+    const std::u16string span = spanOf(token, showsAnswer ? answerOfReference(token, onLine)
+                                                          : intoDestinationString.substring(withRange));
     intoDestinationString.replace(withRange, span);
     rawTextStart = withRange.location + static_cast<int32_t>(span.size());
+}
+
+// The first of the token, as far as the line goes. What follows it is taken off when the line is complete.
+void TKLineCollectionExporter::cutToken(const TCExpressionToken& token, int32_t length,
+                                        TKFormattableText& destination, TBFRange range) {
+    range.location += escapeUpTo(range.location, destination);
+    const std::u16string span = spanOf(token, destination.substring({range.location, std::max(length, 0)}));
+    destination.replace(range, span);
+    rawTextStart = range.location + static_cast<int32_t>(span.size());
+    cutStart = rawTextStart;
 }
 
 // The answer of the line that the reference points to, or the reference in words where that has none.
@@ -262,6 +291,10 @@ std::u16string TKLineCollectionExporter::answerOfReference(const TCExpressionTok
 void TKLineCollectionExporter::postFormatLine(TCLine&, TBFRange, const TKFormattableText&,
                                               TKFormattableText& intoDestinationString, TBFRange withRange,
                                               const std::any&) {
+    if (cutStart) {
+        intoDestinationString.replace(TBFRange::between(*cutStart, withRange.end()), u"\u2026</div>");
+        return;
+    }
     const int32_t growth = escapeUpTo(withRange.end(), intoDestinationString);
     intoDestinationString.insert(static_cast<std::size_t>(withRange.end() + growth), u"</div>");
 }

@@ -7,6 +7,8 @@
 #include "editing/TKLineCollectionSyntaxFormatter.h"
 #include "export/TKLineCollectionExporterHTMLStyle.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -31,6 +33,11 @@ public:
     void setSkipEmptyLines(bool skip) { skipsEmptyLines = skip; }
     bool skipLinesWithoutAnswer() const { return skipsLinesWithoutAnswer; }
     void setSkipLinesWithoutAnswer(bool skip) { skipsLinesWithoutAnswer = skip; }
+
+    // For a page of which no more than its beginning shows: how many lines it has, and at how many UTF-16
+    // units the text and the answer of a line are cut off. Without bounds at first.
+    void setCountOfLinesLimit(std::size_t count) { countOfLinesLimit = count; }
+    void setLineLengthLimit(std::size_t length) { lineLengthLimit = length; }
 
     // Whether a line reference shows its target's answer instead of its own text.
     bool resolveLineReferences() const { return resolvesLineReferences; }
@@ -91,6 +98,8 @@ private:
                         TKFormattableText& intoDestinationString, TBFRange withRange,
                         const std::any& contextInfo) override;
     std::u16string answerOfReference(const TCExpressionToken& token, std::size_t onLine) const;
+    void cutToken(const TCExpressionToken& token, int32_t length, TKFormattableText& destination,
+                  TBFRange range);
     int32_t escapeUpTo(int32_t location, TKFormattableText& destination);
 
     std::shared_ptr<TCLineCollection> collection;
@@ -105,5 +114,8 @@ private:
     Style defaultStyle;
     mutable std::mutex cssMutex; // guards `css`
     std::optional<std::string> css;
-    int32_t rawTextStart = 0; // in the destination: what lies in front of it is markup already
+    std::size_t countOfLinesLimit = SIZE_MAX;
+    std::size_t lineLengthLimit = SIZE_MAX;
+    std::optional<int32_t> cutStart; // in the destination: where the line is cut off
+    int32_t rawTextStart = 0;        // in the destination: what lies in front of it is markup already
 };

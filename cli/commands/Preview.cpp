@@ -2,13 +2,12 @@
 
 #include "Arguments.h"
 #include "CommandFailure.h"
-#include "QuickLookGeneratorPlugin.h"
+#include "commands/Generator.h"
 #include "files/FileURL.h"
 #include "input/LineInput.h"
 #include "output/Output.h"
 
 #include <filesystem>
-#include <memory>
 
 namespace {
 
@@ -22,23 +21,6 @@ public:
         page = data;
     }
 };
-
-struct InstanceRelease {
-    void operator()(QLGeneratorInterface** instance) const { (*instance)->Release(instance); }
-};
-using Generator = std::unique_ptr<QLGeneratorInterface*, InstanceRelease>;
-
-// The plug-in by the interface that makes previews.
-Generator loadGenerator() {
-    const Generator plugin(
-        static_cast<QLGeneratorInstance>(QuickLookGeneratorPluginFactory(nullptr, &kQLGeneratorTypeID)));
-    void* generator = nullptr;
-    if (!plugin || (*plugin)->QueryInterface(plugin.get(), kQLGeneratorCallbacksInterfaceID, &generator) !=
-                       kQLResultOK) {
-        throw CommandFailure{ExitCodeFailed, {}, "the preview plug-in doesn't answer"};
-    }
-    return Generator(static_cast<QLGeneratorInstance>(generator));
-}
 
 // The plug-in hands over no page and no reason, so the file is asked.
 std::string reasonForNoPage(const std::string& file) {

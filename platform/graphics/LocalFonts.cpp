@@ -39,6 +39,8 @@ constexpr FamilyRow families[] = {
     {"FreeSans", {"freesans.ttf", "freesansbold.ttf", "freesansoblique.ttf", "freesansboldoblique.ttf"}},
 };
 
+bool sharedFontsAreTheOnlyOnes = false;
+
 std::string lowerCased(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
@@ -98,15 +100,22 @@ _PangoContext* makeContext(FcConfig* config) {
 } // namespace
 
 LocalFonts& LocalFonts::shared() {
-    static auto& fonts = *new LocalFonts({std::begin(systemFolders), std::end(systemFolders)});
+    static auto& fonts =
+        *new LocalFonts({std::begin(systemFolders), std::end(systemFolders)}, sharedFontsAreTheOnlyOnes);
     return fonts;
 }
 
-LocalFonts::LocalFonts(const std::vector<std::string>& folders)
+void LocalFonts::makeSharedFontsTheOnlyOnes() {
+    sharedFontsAreTheOnlyOnes = true;
+}
+
+LocalFonts::LocalFonts(const std::vector<std::string>& folders, bool areTheOnlyOnes)
     : config(FcConfigCreate()) {
     for (const std::string& folder : folders)
         findFiles(folder);
     std::sort(files.begin(), files.end());
+    // Ahead of the first map of fonts, which would otherwise load the configuration of the system.
+    if (areTheOnlyOnes) FcConfigSetCurrent(config);
     chooseFamily();
     if (!added.empty()) context = makeContext(config);
 }
@@ -211,10 +220,6 @@ std::string LocalFonts::familyOf(std::string_view list) {
         }
     }
     return family;
-}
-
-void LocalFonts::makeProcessDefault() {
-    FcConfigSetCurrent(config);
 }
 
 } // namespace platform

@@ -20,7 +20,12 @@ public:
     // The fonts of the system's folders; never destroyed.
     static LocalFonts& shared();
 
-    explicit LocalFonts(const std::vector<std::string>& folders);
+    // Makes the shared fonts the only ones that this process knows, so that no configuration is ever looked
+    // for. To be called before anything asks for fonts: by a program of one purpose, not by a guest in
+    // another program.
+    static void makeSharedFontsTheOnlyOnes();
+
+    explicit LocalFonts(const std::vector<std::string>& folders, bool areTheOnlyOnes = false);
     ~LocalFonts();
     LocalFonts(const LocalFonts&) = delete;
     LocalFonts& operator=(const LocalFonts&) = delete;
@@ -38,10 +43,6 @@ public:
 
     // Owned by the fonts; null if they are empty.
     _PangoContext* pangoContext() const { return context; }
-
-    // Makes these fonts the only ones that this process knows. To be called once, before any other part of
-    // the process has asked for fonts: by a program of one purpose, not by a guest in another program.
-    void makeProcessDefault();
 
 private:
     void findFiles(const std::string& folder);

@@ -112,6 +112,14 @@ void addOutput(CLI::App& command, std::optional<std::string>& output) {
         ->type_name("FILE");
 }
 
+void addColors(CLI::App& command, std::optional<std::string>& colors) {
+    command
+        .add_option_function<std::string>(
+            "--colors", [&colors](const std::string& path) { colors = path; },
+            "Colours of the page, over the program's own")
+        ->type_name("FILE");
+}
+
 constexpr uint32_t smallestThumbnail = 32;
 constexpr uint32_t largestThumbnail = 4096;
 
@@ -154,6 +162,7 @@ struct Parser {
         previewCommand = app.add_subcommand("preview", "The page of a document, as a preview shows it");
         addFile(*previewCommand, "FILE", preview.file, "A document")->required();
         addOutput(*previewCommand, preview.output);
+        addColors(*previewCommand, preview.colors);
     }
 
     void addThumbnail() {
@@ -171,6 +180,7 @@ struct Parser {
                 "The document's address, where FILE is a copy of it")
             ->type_name("URI")
             ->check(isWrittenAsURI, "");
+        addColors(*thumbnailCommand, thumbnail.colors);
     }
 
     void addAnswers() {
@@ -192,6 +202,7 @@ struct Parser {
             ->required();
         addReadingOptions(*exportCommand, exporting.reading);
         addOutput(*exportCommand, exporting.output);
+        addColors(*exportCommand, exporting.colors);
     }
 
     void addConvert() {

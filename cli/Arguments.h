@@ -22,6 +22,7 @@ struct ReadingOptions {
 struct PreviewArguments {
     std::string file;
     std::optional<std::string> output;
+    std::optional<std::string> colors; // a file of colours that take the place of the program's own
 };
 
 struct ThumbnailArguments {
@@ -29,6 +30,7 @@ struct ThumbnailArguments {
     std::string output;
     uint32_t size = 256;            // of the longer side, in pixels
     std::optional<std::string> uri; // by which the picture names the document; that of the file otherwise
+    std::optional<std::string> colors;
 };
 
 struct AnswersArguments {
@@ -48,6 +50,7 @@ struct ExportArguments {
     ExportFormat format = ExportFormatHTML;
     ReadingOptions reading;
     std::optional<std::string> output;
+    std::optional<std::string> colors;
 };
 
 struct ConvertArguments {

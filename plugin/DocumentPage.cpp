@@ -26,6 +26,7 @@ TKLineCollectionExporterHTMLStyle pageStyle() {
     style.setTopInset(0);
     style.setBottomInset(0);
     style.setEnableVerticalAutoresizing(true);
+    style.setEnableAdaptiveRules(true);
     return style;
 }
 

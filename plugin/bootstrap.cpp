@@ -1,5 +1,6 @@
 #include "bootstrap.h"
 
+#include "TBColorManager.h"
 #include "TBPaths.h"
 #include "bundle/Bundle.h"
 #include "environment/TCBuiltins.h"
@@ -28,13 +29,22 @@ std::shared_ptr<TKEnvironment> environmentForBundle(const platform::Bundle& bund
     return builder.build();
 }
 
+void loadColors(const platform::Bundle& bundle) {
+    if (const auto defaults = bundle.pathForResource("Colors", "plist"))
+        TBColorManager::sharedInstance().loadDefaultsFromPath(*defaults);
+}
+
 // True if the environment stands.
 bool loadEnvironment(const platform::Bundle& bundle) {
     const auto content = bundle.pathForResource("TBContent", "bundle");
-    if (!content) return false;
+    if (!content) {
+        loadColors(bundle);
+        return false;
+    }
     const auto environment = environmentForBundle(bundle);
     environment->setUpdatesValuesFromWeb(false); // a preview never goes to the network
     environment->loadFromBundleAtPath(*content, choices().localization);
+    loadColors(bundle); // meanwhile
     environment->completeLoading();
     environment->set();
     return true;

@@ -19,7 +19,7 @@ struct BootstrapChoices {
 void setBootstrapChoices(BootstrapChoices choices);
 
 // The first call makes the settings and the environment that all documents of the process share, from the
-// content in the plug-in's bundle and the saved values in its data folder; later calls, from any thread, wait
+// content in the plug-in's bundle and the saved values in its data folder, and loads the colours of pages; later calls, from any thread, wait
 // for it and do nothing. Without a bundle, or without content in it, there are the built-in lists alone. The
 // environment lives as long as the process.
 void bootstrap(const platform::Bundle* bundle);

@@ -126,7 +126,8 @@ TKLineCollectionExporter::HTMLSourceWithCSS(const std::optional<std::string>& st
 }
 
 std::optional<std::string> TKLineCollectionExporter::HTMLSourceWithStyle(const Style& style) {
-    return htmlSource(style.cssString(), &style);
+    return htmlSource(style.cssString() + (style.enableAdaptiveRules() ? style.adaptiveCSSString() : ""),
+                      &style);
 }
 
 std::optional<std::string> TKLineCollectionExporter::HTMLSourceWithInlinedStyle(const Style& style) {

@@ -20,6 +20,10 @@ std::string colorDeclaration(const Style::Color& color) {
     return color ? " color: " + *color + ";" : "";
 }
 
+std::string backgroundDeclaration(const Style::Color& color) {
+    return color ? " background-color: " + *color + ";" : "";
+}
+
 // Where a declaration needs a colour, none leaves its place empty.
 std::string plain(const Style::Color& color) {
     return color.value_or("");
@@ -29,9 +33,9 @@ std::string fullHeight(const Style& style) {
     return style.enableVerticalAutoresizing() ? "height: 100%;" : "";
 }
 
-std::string pill(const Style& style, std::string_view background, std::string_view border) {
+std::string pill(const Style& style, const Style::Color& background, const Style::Color& border) {
     const std::string radius = pixels((style.fontSize() + 10 + 1) / 2); // half of it, rounded up
-    return "background-color: " + std::string(background) + "; border: 1px solid " + std::string(border) +
+    return "background-color: " + plain(background) + "; border: 1px solid " + plain(border) +
            "; -webkit-border-radius: " + radius + "; -moz-border-radius: " + radius +
            "; border-radius: " + radius + "; padding: 0px 10px 0px 10px;";
 }
@@ -62,8 +66,9 @@ std::string documentDate(const Style& style) {
 
 std::string lineNumber(const Style& style) {
     if (!style.showsLineNumbers()) return "display: none;";
-    return "width: 20px; text-align: right; background-color: #f8f8f8; border-right: 1px solid " +
-           plain(style.documentBorderColor()) + "; padding-right: 5px; font-size: 8pt; color: #555;";
+    return "width: 20px; text-align: right; background-color: " + plain(style.lineNumberBackgroundColor()) +
+           "; border-right: 1px solid " + plain(style.documentBorderColor()) +
+           "; padding-right: 5px; font-size: 8pt; color: " + plain(style.lineNumberColor()) + ";";
 }
 
 std::string expressionCell(const Style& style) {
@@ -93,7 +98,11 @@ struct Rule {
 
 // The style sheet, in the order in which it is written.
 constexpr Rule rules[] = {
-    {"body", [](const Style&) -> std::string { return "margin: 0px; padding: 0px;"; }},
+    {"body",
+     [](const Style& style) {
+         return "margin: 0px; padding: 0px;" + colorDeclaration(style.pageColor()) +
+                backgroundDeclaration(style.pageBackgroundColor());
+     }},
     {"pre",
      [](const Style&) -> std::string {
          return "font-family: inherit; color: inherit; font-size: inherit; font-weight: inherit; "
@@ -143,9 +152,18 @@ constexpr Rule rules[] = {
     {"tr.bottom_padding", [](const Style& style) { return "height: " + pixels(style.bottomInset()) + ";"; }},
     {"span.sci_notation_exponent",
      [](const Style&) -> std::string { return "font-size:65%; vertical-align:super;"; }},
-    {"span.rel_line_ref", [](const Style& style) { return pill(style, "#e0e7f8", "#a9bbeb"); }},
-    {"span.fixed_rel_line_ref", [](const Style& style) { return pill(style, "#ebe2f8", "#b9a8d1"); }},
-    {"span.abs_line_ref", [](const Style& style) { return pill(style, "#e9d8f6", "#bf99e7"); }},
+    {"span.rel_line_ref",
+     [](const Style& style) {
+         return pill(style, style.relativeReferenceColor(), style.relativeReferenceBorderColor());
+     }},
+    {"span.fixed_rel_line_ref",
+     [](const Style& style) {
+         return pill(style, style.fixedReferenceColor(), style.fixedReferenceBorderColor());
+     }},
+    {"span.abs_line_ref",
+     [](const Style& style) {
+         return pill(style, style.absoluteReferenceColor(), style.absoluteReferenceBorderColor());
+     }},
     {"span.operator", [](const Style& style) { return colorDeclaration(style.operatorColor()); }},
     {"span.number", [](const Style& style) { return colorDeclaration(style.numberColor()); }},
     {"span.bracket", [](const Style& style) { return colorDeclaration(style.bracketColor()); }},
@@ -175,6 +193,26 @@ std::string TKLineCollectionExporterHTMLStyle::cssString() const {
     for (const Rule& rule : rules)
         css += std::string(rule.selector) + " { " + rule.declarations(*this) + " }\n";
     return css;
+}
+
+std::string TKLineCollectionExporterHTMLStyle::adaptiveCSSString() const {
+    // Columns then keep their widths, whatever stands in them.
+    std::string css = "pre, td.answer, td.statistic { overflow-wrap: anywhere; }\n"
+                      "@media (max-width: 480px) {\n"
+                      "td.answer, td.statistic { width: 33%; }\n"
+                      "td.line_number { width: 14px; padding-right: 3px; }\n"
+                      "}\n"
+                      "@media print {\n"
+                      "div.content { position: static; height: auto; }\n"
+                      "div.table_container, table.document_table { height: auto; }\n"
+                      "tr.line { page-break-inside: avoid; }\n"
+                      "tr.expander { display: none; }\n"
+                      "table.document_table { border-bottom-color: " +
+                      plain(documentBorderColorValue) + "; }\n";
+    // Paper is white, and printers leave grounds out.
+    if (pageBackgroundColorValue)
+        css += "body, td, span { color: #000 !important; background: none !important; }\n";
+    return css + "}\n";
 }
 
 std::optional<std::string>

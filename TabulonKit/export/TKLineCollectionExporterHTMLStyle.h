@@ -16,6 +16,10 @@ public:
     // The whole style sheet, a line for each selector, in a fixed order.
     std::string cssString() const;
 
+    // Further rules, which `cssString` doesn't have: for narrow windows, for paper, and for words that are
+    // longer than their column.
+    std::string adaptiveCSSString() const;
+
     // The declarations of one selector ("td.answer"); none for an unknown one.
     std::optional<std::string> cssForSelector(std::string_view selector) const;
     std::optional<std::string> cssForClass(std::string_view selector) const {
@@ -35,6 +39,8 @@ public:
     void setEnableVerticalAutoresizing(bool value) { enableVerticalAutoresizingValue = value; }
     bool enableHorizontalAutoresizing() const { return enableHorizontalAutoresizingValue; }
     void setEnableHorizontalAutoresizing(bool value) { enableHorizontalAutoresizingValue = value; }
+    bool enableAdaptiveRules() const { return enableAdaptiveRulesValue; } // whether pages have them
+    void setEnableAdaptiveRules(bool value) { enableAdaptiveRulesValue = value; }
     bool enableSyntaxColoring() const { return enableSyntaxColoringValue; }
     void setEnableSyntaxColoring(bool value) { enableSyntaxColoringValue = value; }
 
@@ -73,6 +79,30 @@ public:
     void setAnswerBackgroundColor(Color value) { answerBackgroundColorValue = std::move(value); }
     const Color& answerColor() const { return answerColorValue; }
     void setAnswerColor(Color value) { answerColorValue = std::move(value); }
+    const Color& pageColor() const { return pageColorValue; }
+    void setPageColor(Color value) { pageColorValue = std::move(value); }
+    const Color& pageBackgroundColor() const { return pageBackgroundColorValue; }
+    void setPageBackgroundColor(Color value) { pageBackgroundColorValue = std::move(value); }
+    const Color& lineNumberColor() const { return lineNumberColorValue; }
+    void setLineNumberColor(Color value) { lineNumberColorValue = std::move(value); }
+    const Color& lineNumberBackgroundColor() const { return lineNumberBackgroundColorValue; }
+    void setLineNumberBackgroundColor(Color value) { lineNumberBackgroundColorValue = std::move(value); }
+    const Color& relativeReferenceColor() const { return relativeReferenceColorValue; }
+    void setRelativeReferenceColor(Color value) { relativeReferenceColorValue = std::move(value); }
+    const Color& relativeReferenceBorderColor() const { return relativeReferenceBorderColorValue; }
+    void setRelativeReferenceBorderColor(Color value) {
+        relativeReferenceBorderColorValue = std::move(value);
+    }
+    const Color& fixedReferenceColor() const { return fixedReferenceColorValue; }
+    void setFixedReferenceColor(Color value) { fixedReferenceColorValue = std::move(value); }
+    const Color& fixedReferenceBorderColor() const { return fixedReferenceBorderColorValue; }
+    void setFixedReferenceBorderColor(Color value) { fixedReferenceBorderColorValue = std::move(value); }
+    const Color& absoluteReferenceColor() const { return absoluteReferenceColorValue; }
+    void setAbsoluteReferenceColor(Color value) { absoluteReferenceColorValue = std::move(value); }
+    const Color& absoluteReferenceBorderColor() const { return absoluteReferenceBorderColorValue; }
+    void setAbsoluteReferenceBorderColor(Color value) {
+        absoluteReferenceBorderColorValue = std::move(value);
+    }
 
     // Colours of the syntax classes: none while syntax colouring is off, whatever is stored.
     Color numberColor() const { return syntaxColor(numberColorValue); }
@@ -109,6 +139,7 @@ private:
     bool showsDocumentStatisticValue = true;
     bool enableVerticalAutoresizingValue = false;
     bool enableHorizontalAutoresizingValue = true;
+    bool enableAdaptiveRulesValue = false;
     bool enableSyntaxColoringValue = true;
     uint64_t fontSizeValue = 14;
     uint64_t sideInsetValue = 30;
@@ -125,6 +156,16 @@ private:
     Color expressionBackgroundColorValue;
     Color answerBackgroundColorValue = "#eef1fb";
     Color answerColorValue = "#000";
+    Color pageColorValue;           // the browser's own
+    Color pageBackgroundColorValue; // likewise
+    Color lineNumberColorValue = "#555";
+    Color lineNumberBackgroundColorValue = "#f8f8f8";
+    Color relativeReferenceColorValue = "#e0e7f8"; // the ground of a reference
+    Color relativeReferenceBorderColorValue = "#a9bbeb";
+    Color fixedReferenceColorValue = "#ebe2f8";
+    Color fixedReferenceBorderColorValue = "#b9a8d1";
+    Color absoluteReferenceColorValue = "#e9d8f6";
+    Color absoluteReferenceBorderColorValue = "#bf99e7";
     Color numberColorValue = "#000";
     Color operatorColorValue = "#000";
     Color wordColorValue;

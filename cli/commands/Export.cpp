@@ -3,6 +3,7 @@
 #include "Arguments.h"
 #include "CommandFailure.h"
 #include "TBColorController.h"
+#include "commands/Colors.h"
 #include "export/TKLineCollectionExporter.h"
 #include "input/LineInput.h"
 #include "output/Output.h"
@@ -10,7 +11,9 @@
 void runExport(const ExportArguments& arguments) {
     if (arguments.output) refuseSameFile(arguments.file, *arguments.output);
     TKLineCollectionExporter exporter(readLines(arguments.file, arguments.reading).collection);
-    const TKLineCollectionExporterHTMLStyle style = TBColorController::htmlStyle();
+    useColorsOfFile(arguments.colors);
+    TKLineCollectionExporterHTMLStyle style = TBColorController::htmlStyle();
+    style.setEnableAdaptiveRules(true);
     const bool isInlined = arguments.format == ExportFormatInlinedHTML;
     const std::optional<std::string> page =
         isInlined ? exporter.HTMLSourceWithInlinedStyle(style) : exporter.HTMLSourceWithStyle(style);

@@ -2,6 +2,7 @@
 
 #include "Arguments.h"
 #include "CommandFailure.h"
+#include "commands/Colors.h"
 #include "commands/Generator.h"
 #include "files/FileURL.h"
 #include "input/LineInput.h"
@@ -38,6 +39,7 @@ std::string reasonForNoPage(const std::string& file) {
 void runPreview(const PreviewArguments& arguments) {
     if (arguments.output) refuseSameFile(arguments.file, *arguments.output);
     const Generator generator = loadGenerator();
+    useColorsOfFile(arguments.colors);
     const QLProperties options;
     PageRequest request;
     (*generator)

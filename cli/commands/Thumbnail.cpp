@@ -2,6 +2,7 @@
 
 #include "Arguments.h"
 #include "CommandFailure.h"
+#include "commands/Colors.h"
 #include "commands/Generator.h"
 #include "document/FileReader.h"
 #include "files/FileURL.h"
@@ -86,6 +87,7 @@ void runThumbnail(const ThumbnailArguments& arguments) {
         checkDocument(file);
         platform::LocalFonts::makeSharedFontsTheOnlyOnes();
         const Generator generator = loadGenerator();
+        useColorsOfFile(arguments.colors);
         const QLProperties options;
         PictureRequest request;
         (*generator)

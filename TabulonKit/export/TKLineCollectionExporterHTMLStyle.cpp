@@ -199,7 +199,7 @@ std::string TKLineCollectionExporterHTMLStyle::adaptiveCSSString() const {
     // Columns then keep their widths, whatever stands in them.
     std::string css = "pre, td.answer, td.statistic { overflow-wrap: anywhere; }\n"
                       "@media (max-width: 480px) {\n"
-                      "td.answer, td.statistic { width: 33%; }\n"
+                      "td.answer, td.statistic { width: 36%; }\n"
                       "td.line_number { width: 14px; padding-right: 3px; }\n"
                       "}\n"
                       "@media print {\n"

@@ -137,6 +137,14 @@ class AnswersTests(CommandTests):
         self.assertEqual((objects[2]["answer"], objects[2]["error"]), (None, None))
         self.assertEqual(json.loads(self.output_of("answers", "--json")), [])
 
+    def test_figures_over_the_answers_stand_behind_them(self):
+        text = "2 km\n500 m\nprose\n"
+        self.assertEqual(self.output_of("answers", "--total", "--average", stdin=text),
+                         "2 km\n500 m\n\nTotal: 2,500 m\nAverage: 1,250 m\n")
+        objects = json.loads(self.output_of("answers", "--standard-deviation", "--json", stdin="2\n4\n"))
+        self.assertEqual(objects[-1], {"statistic": "Standard Deviation", "answer": "1"})
+        self.assertEqual(self.output_of("answers", "--total", stdin="2 km\n5 kg\n"), "2 km\n5 kg\nTotal: \n")
+
     def test_many_lines_take_time_in_proportion(self):
         def seconds(count):
             text = "".join(f"Item {i}: {i} * 3 + 10%\n" for i in range(count))

@@ -1,0 +1,26 @@
+# Completion of tabulon for fish.
+
+set -l commands preview thumbnail answers export convert
+complete -c tabulon -n "not __fish_seen_subcommand_from $commands" -f
+complete -c tabulon -n "not __fish_seen_subcommand_from $commands" -a preview -d 'The page of a document'
+complete -c tabulon -n "not __fish_seen_subcommand_from $commands" -a thumbnail -d 'A small picture of a document'
+complete -c tabulon -n "not __fish_seen_subcommand_from $commands" -a answers -d 'One line of output for each line'
+complete -c tabulon -n "not __fish_seen_subcommand_from $commands" -a export -d 'Lines and answers in another format'
+complete -c tabulon -n "not __fish_seen_subcommand_from $commands" -a convert -d 'Text to a document, or back'
+complete -c tabulon -l version -d 'The version'
+complete -c tabulon -l help -d 'A summary'
+complete -c tabulon -l content -r -a '(__fish_complete_directories)' -d 'The folder with TBContent.bundle'
+complete -c tabulon -l data -r -a '(__fish_complete_directories)' -d 'The folder with saved values'
+complete -c tabulon -l language -x -d 'The language of units and words'
+complete -c tabulon -n '__fish_seen_subcommand_from preview thumbnail export' -s o -l output -r -d 'The file to write'
+complete -c tabulon -n '__fish_seen_subcommand_from preview thumbnail export' -l colors -r -d 'Colours of the page'
+complete -c tabulon -n '__fish_seen_subcommand_from thumbnail' -s s -l size -x -a '128 256 512 1024' -d 'The longer side'
+complete -c tabulon -n '__fish_seen_subcommand_from thumbnail' -l uri -x -d 'The address of the document'
+complete -c tabulon -n '__fish_seen_subcommand_from export' -l format -x -a 'html html-inline' -d 'The format'
+complete -c tabulon -n '__fish_seen_subcommand_from answers export convert' -l trig -x -a 'degrees radians' -d 'How angles are read'
+complete -c tabulon -n '__fish_seen_subcommand_from answers export convert' -l locale -x -a 'standard european' -d 'How numbers are written'
+complete -c tabulon -n '__fish_seen_subcommand_from answers' -l json -d 'An array of objects'
+complete -c tabulon -n '__fish_seen_subcommand_from answers' -l total -d 'Their sum'
+complete -c tabulon -n '__fish_seen_subcommand_from answers' -l average -d 'Their mean'
+complete -c tabulon -n '__fish_seen_subcommand_from answers' -l variance -d 'Their variance'
+complete -c tabulon -n '__fish_seen_subcommand_from answers' -l standard-deviation -d 'The root of it'

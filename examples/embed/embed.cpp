@@ -1,5 +1,5 @@
-// A host of the engine in forty lines: it loads the environment, makes a document of three lines, edits one and
-// prints all answers before and after.
+// A host of the engine in forty lines: it loads the environment, makes a document of three lines, edits one
+// and prints all answers before and after.
 
 #include "QuickLookGeneratorPlugin.h"
 #include "bootstrap.h"

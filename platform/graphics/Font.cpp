@@ -2,6 +2,7 @@
 
 #include "graphics/LocalFonts.h"
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <pango/pangocairo.h>
@@ -19,6 +20,22 @@ constexpr double barAdvance = 0.55;
 constexpr double barAscent = 0.9;
 constexpr double barDescent = 0.25;
 constexpr double barHeight = 0.45;
+
+// Letters of fewer pixels are drawn as shapes: as letters they would each move to a whole pixel.
+constexpr double smallLetters = 13;
+
+bool isDrawnSmall(cairo_t* cairo, double size) {
+    double x = 0;
+    cairo_user_to_device_distance(cairo, &x, &size);
+    return std::abs(size) < smallLetters;
+}
+
+// Whether the text has characters that fonts may hold as pictures, which have no shape: those that UTF-8
+// writes with four bytes.
+bool hasPictures(std::string_view text) {
+    return std::any_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) >= 0xF0; });
+}
 
 double units(int pangoUnits) {
     return static_cast<double>(pangoUnits) / PANGO_SCALE;
@@ -144,7 +161,13 @@ void Font::drawText(_cairo* cairo, Point start, std::string_view text, const Col
     }
     cairo_set_source_rgba(cairo, ink.red, ink.green, ink.blue, ink.alpha);
     cairo_move_to(cairo, start.x, start.y);
-    pango_cairo_show_layout_line(cairo, pango_layout_get_line_readonly(shapes->remembered(text), 0));
+    PangoLayoutLine* const line = pango_layout_get_line_readonly(shapes->remembered(text), 0);
+    if (isDrawnSmall(cairo, shapes->size) && !hasPictures(text)) {
+        pango_cairo_layout_line_path(cairo, line);
+        cairo_fill(cairo);
+    } else {
+        pango_cairo_show_layout_line(cairo, line);
+    }
 }
 
 } // namespace platform

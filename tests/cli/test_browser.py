@@ -52,6 +52,14 @@ class Cells(html.parser.HTMLParser):
             self.lines[-1] += text
 
 
+class PageTests(CommandTests):
+    def test_the_page_is_as_the_language_wants_it(self):
+        for example in sorted((test_command.EXAMPLES).glob("*.tabulon")):
+            self.output_of("preview", str(example), "-o", "page.html")
+            checked = subprocess.run(["xmllint", "--html", "--noout", self.path("page.html")], capture_output=True)
+            self.assertEqual((checked.returncode, checked.stderr), (0, b""), example)
+
+
 class BrowserTests(CommandTests):
     def test_hostile_text_is_text(self):
         browser = shutil.which("chromium") or shutil.which("chromium-browser") or shutil.which("google-chrome")

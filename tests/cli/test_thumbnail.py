@@ -112,6 +112,21 @@ class ThumbnailTests(PictureTests):
         )
         self.assertEqual(self.run_command("thumbnail", file, "-o", file).returncode, 2)
 
+    def test_colors_of_a_file(self):
+        file = self.write("a.tabulon", document("1 + 2"))
+        dark = str(ROOT / "content" / "Colors-dark.plist")
+        self.assertNotEqual(self.picture_of(file), self.picture_of(file, "--colors", dark))
+        self.assertNotIn("#1e2126", self.output_of("preview", file))
+        for command in [["preview", file], ["export", file, "--format", "html"]]:
+            page = self.output_of(*command, "--colors", dark)
+            self.assertIn("background-color: #1e2126;", page)
+            self.assertIn("span.number {  color: #8ab4f8; }", page)
+        self.write("text", "red")
+        self.assert_failure(self.run_command("preview", file, "--colors", "missing"), "missing", "No such file")
+        self.assert_failure(self.run_command("preview", file, "--colors", "text"), "text", "line 1: ")
+        self.write("empty.plist", '<?xml version="1.0"?><plist version="1.0"><dict/></plist>')
+        self.assert_failure(self.run_command("preview", file, "--colors", "empty.plist"), "empty.plist", "no colours")
+
     def test_a_document_that_takes_too_long_is_given_up(self):
         file = self.write("long.tabulon", document(*["sin(1 / 7) ^ 0.123456789 + ln(3.3)"] * 39000))
         limit = lambda: resource.setrlimit(resource.RLIMIT_CPU, (1, 60))

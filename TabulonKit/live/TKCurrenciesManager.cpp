@@ -232,7 +232,8 @@ void TKCurrenciesManager::updateRatesWithUpdater(const TKCurrencyRates& operatio
             continue;
         }
         const auto rate = operation.rateForCurrencyCode(code);
-        if (!(static_cast<float>(TKDoubleValue(rate.value_or(std::u16string()))) > 0.0F)) {
+        if (!(static_cast<float>(TKDoubleValue(rate.value_or(std::u16string()))) > 0.0F) ||
+            !TKFactorOfRate(*rate)) {
             TCWarnLog("Warning: invalid rate (%s) found for currency %s",
                       TBF::utf8(rate.value_or(u"(null)")).c_str(), TBF::utf8(code).c_str());
             continue;

@@ -33,15 +33,25 @@ TKCurrency::Date now() {
     return std::chrono::time_point_cast<TKCurrency::Date::duration>(std::chrono::system_clock::now());
 }
 
-} // namespace
+struct LeadingNumber {
+    double value;   // 0 for none and for what is out of range
+    bool wholeText; // nothing but white space stands around it
+};
 
-double TKDoubleValue(std::u16string_view text) {
+LeadingNumber leadingNumber(std::u16string_view text) {
     const std::string bytes = TBF::utf8(trimmed(text));
     double value = 0;
     const char* begin = bytes.data();
+    const char* end = bytes.data() + bytes.size();
     if (bytes.starts_with('+')) ++begin;
-    const auto parsed = std::from_chars(begin, bytes.data() + bytes.size(), value);
-    return parsed.ec == std::errc() ? value : 0.0;
+    const auto parsed = std::from_chars(begin, end, value);
+    return {parsed.ec == std::errc() ? value : 0.0, parsed.ptr == end};
+}
+
+} // namespace
+
+double TKDoubleValue(std::u16string_view text) {
+    return leadingNumber(text).value;
 }
 
 std::u16string TKDecimalText(double value) {
@@ -52,7 +62,9 @@ std::u16string TKDecimalText(double value) {
 }
 
 std::optional<std::u16string> TKFactorOfRate(std::u16string_view rate) {
-    const double factor = 1.0 / TKDoubleValue(rate);
+    const LeadingNumber number = leadingNumber(rate);
+    if (!number.wholeText) return std::nullopt; // "1,5" is no rate of 1
+    const double factor = 1.0 / number.value;
     if (!std::isfinite(factor)) return std::nullopt;
     std::u16string text = TKDecimalText(factor);
     if (!(TKDoubleValue(text) > 0)) return std::nullopt; // with 16 decimals, a large rate leaves nothing

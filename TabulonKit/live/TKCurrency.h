@@ -131,7 +131,7 @@ double TKDoubleValue(std::u16string_view text);
 std::u16string TKDecimalText(double value);
 
 // What one unit of a currency with this rate is worth in the master currency, as a unit's factor. None for a
-// rate that isn't a number above 0, and for one so large that no digit of its factor is left.
+// rate that isn't a number above 0 from end to end, and for one so large that no digit of its factor is left.
 std::optional<std::u16string> TKFactorOfRate(std::u16string_view rate);
 
 // A rate as a locale writes it: 3 significant digits, no groups.

@@ -67,7 +67,8 @@ TEST(TKCurrencyTests, ReadsAndWritesItsDictionary) {
 TEST(TKCurrencyTests, UnusableValuesLeaveTheFieldsAlone) {
     const auto row = TKCurrency::currencyWithDictionary(currencyRow("EUR", "0.8", true));
     testing::internal::CaptureStderr();
-    for (const char* rate : {"0", "abc", "-1", "nan", "inf", "1e999", "1e17", ""})
+    for (const char* rate :
+         {"0", "abc", "-1", "nan", "inf", "1e999", "1e17", "", "1,5", "1 5", "1/2", "2 EUR"})
         row->acquireValuesFromDictionary(Dictionary{{"rate", rate}});
     row->acquireValuesFromDictionary(Dictionary{
         {"rate", 3}, {"enabled", Array{}}, {"sourceDate", "today"}, {"colour", "red"}, {"favourite", true}});
@@ -223,7 +224,7 @@ TEST_F(TKCurrenciesManagerTests, RatesBecomeTheFactorsOfTheRowsOwnUnits) {
     EXPECT_FALSE(manager->currencyWithCode(u"BTC")->hasOwnUnit());
     EXPECT_EQ(manager->currencyWithCode(u"EUR")->displayName(), u"euros");
 
-    for (const char16_t* rate : {u"0", u"abc", u"1e300"})
+    for (const char16_t* rate : {u"0", u"abc", u"1e300", u"1,5"})
         manager->currencyWithCode(u"EUR")->setRate(rate);
     TKCurrencyRatesToUnitsHelper::updateUnitRatesFromCurrencies(manager->allCurrencies());
     EXPECT_EQ(factorOf(u"EUR"), u"1.3333333333333333");
@@ -257,6 +258,7 @@ TEST_F(TKCurrenciesManagerTests, AFetchChangesUsableRatesOfEnabledRows) {
     const Rates rates({{u"EUR", u"0.5"}, {u"NOK", u"11"}, {u"USD", u"2"}, {u"ZZZ", u"1"}, {u"BTC", u"abc"}});
     manager->updateRatesWithUpdater(rates);
     manager->updateRatesWithUpdater(Rates(Rates::ByCode{{u"EUR", std::nullopt}}));
+    manager->updateRatesWithUpdater(Rates(Rates::ByCode{{u"EUR", u"0,7"}}));
     EXPECT_EQ(manager->currencyWithCode(u"EUR")->rate(), u"0.5");
     EXPECT_GT(manager->currencyWithCode(u"EUR")->sourceDate(), day(10));
     EXPECT_EQ(manager->currencyWithCode(u"NOK")->rate(), u"10");

@@ -4,9 +4,12 @@
 // count. A class derives as `class Number : public Object<Number>` and is made through its static
 // `create(...)`. Objects may be shared between threads once they are built; what else may happen
 // concurrently is for each class to say. Handles inside the code live in `TBF::Ref` (runtime/Ref.h),
-// which is the caller of retain and release.
+// which is the caller of retain and release. Objects live in pooled memory (runtime/ObjectPool.h).
+
+#include "runtime/ObjectPool.h"
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <utility>
 
@@ -21,9 +24,10 @@ public:
     // The count is mutable, so that const objects can be shared.
     void retain() const noexcept { referenceCount.fetch_add(1, std::memory_order_relaxed); }
 
-    // Destroys the object when the last reference is gone.
+    // Destroys the object when the last reference is gone. The owner of the only one need not count it down:
+    // nobody else can retain the object meanwhile.
     void release() const noexcept {
-        if (referenceCount.fetch_sub(1, std::memory_order_acq_rel) <= 1) delete this;
+        if (isUnique() || referenceCount.fetch_sub(1, std::memory_order_acq_rel) <= 1) delete this;
     }
 
     // True if the caller's reference is the only one, so that nobody else can see a change.
@@ -35,6 +39,9 @@ public:
     static U* construct(Arguments&&... arguments) {
         return new U(std::forward<Arguments>(arguments)...);
     }
+
+    static void* operator new(std::size_t size) { return ObjectPool::take(size); }
+    static void operator delete(void* memory, std::size_t size) noexcept { ObjectPool::give(memory, size); }
 
 protected:
     Object() noexcept = default;

@@ -5,14 +5,23 @@
 #include <algorithm>
 #include <charconv>
 #include <functional>
-#include <new>
 
 namespace TBF {
 
 static_assert(sizeof(String) % alignof(char16_t) == 0, "the code units stand right behind the object");
 
-void* String::operator new(std::size_t size, std::size_t length) {
-    return ::operator new(size + (length + 1) * sizeof(char16_t));
+constexpr std::size_t String::sizeFor(std::size_t length) {
+    return sizeof(String) + (length + 1) * sizeof(char16_t);
+}
+
+void* String::operator new(std::size_t, std::size_t length) {
+    return ObjectPool::take(sizeFor(length));
+}
+
+void String::operator delete(String* string, std::destroying_delete_t) {
+    const std::size_t size = sizeFor(string->count);
+    string->~String();
+    ObjectPool::give(string, size);
 }
 
 String::String(std::size_t length) noexcept

@@ -11,6 +11,7 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -58,7 +59,8 @@ public:
 
     bool equals(const String& other) const noexcept;
 
-    static void operator delete(void* memory) { ::operator delete(memory); }
+    // Knows the size of the memory from the string itself.
+    static void operator delete(String* string, std::destroying_delete_t);
 
 private:
     friend class Object<String>;
@@ -66,8 +68,9 @@ private:
     // A string of `length` code units yet to be written, then only to be read.
     static Ref<String> createUninitialized(std::size_t length);
 
+    // Of a string of that many code units, with the NUL.
+    static constexpr std::size_t sizeFor(std::size_t length);
     static void* operator new(std::size_t size, std::size_t length);
-    static void operator delete(void* memory, std::size_t) { ::operator delete(memory); }
 
     explicit String(std::size_t length) noexcept;
     ~String() override = default;

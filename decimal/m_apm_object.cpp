@@ -13,6 +13,28 @@ namespace {
 
 bool constantsMade = false;
 
+// Values that were freed wait to be made again, up to this many. Under AddressSanitizer none do, so that the
+// use of a dead value is found.
+constexpr std::size_t kMostIdleValues = 512;
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kKeepsIdleValues = false;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+constexpr bool kKeepsIdleValues = false;
+#else
+constexpr bool kKeepsIdleValues = true;
+#endif
+#else
+constexpr bool kKeepsIdleValues = true;
+#endif
+
+struct IdleValues {
+    M_APM values[kMostIdleValues];
+    std::size_t count = 0;
+};
+
+IdleValues idle;
+
 } // namespace
 
 void M_apm_log_error_msg(bool fatal, const char* message) {
@@ -24,7 +46,7 @@ void M_apm_log_error_msg(bool fatal, const char* message) {
 }
 
 M_APM M_new_value() {
-    M_APM x = new (std::nothrow) M_APM_struct;
+    M_APM x = idle.count > 0 ? idle.values[--idle.count] : new (std::nothrow) M_APM_struct;
     if (x == nullptr) M_apm_log_error_msg(true, "'m_apm_init', Out of memory");
     x->limbs = x->inlineLimbs;
     x->ident = kLiveIdent;
@@ -51,7 +73,10 @@ void m_apm_free(M_APM x) {
     }
     x->ident = kFreedIdent;
     if (x->limbs != x->inlineLimbs) std::free(x->limbs);
-    delete x;
+    if (kKeepsIdleValues && idle.count < kMostIdleValues)
+        idle.values[idle.count++] = x;
+    else
+        delete x;
 }
 
 void m_apm_free_all_mem() {
@@ -59,6 +84,8 @@ void m_apm_free_all_mem() {
     M_free_power_cache();
     M_free_constants();
     freeScratch();
+    while (idle.count > 0)
+        delete idle.values[--idle.count];
     constantsMade = false;
 }
 

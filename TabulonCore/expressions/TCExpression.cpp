@@ -8,6 +8,7 @@
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
 #include "results/TCResultFormatter.h"
+#include "runtime/ObjectPool.h"
 
 #include <functional>
 #include <utility>
@@ -35,11 +36,11 @@ TCExpression::TCExpression(std::optional<std::u16string> text, TCSimpleLocale lo
 TCExpression::~TCExpression() = default;
 
 std::shared_ptr<TCExpression> TCExpression::expressionWithString(std::optional<std::u16string> text) {
-    return std::make_shared<TCExpression>(std::move(text));
+    return TBF::makeShared<TCExpression>(std::move(text));
 }
 
 std::shared_ptr<TCExpression> TCExpression::expressionWithSimpleString(std::u16string text) {
-    return std::make_shared<TCExpression>(text, kTCSimpleLocalDefault, text);
+    return TBF::makeShared<TCExpression>(text, kTCSimpleLocalDefault, text);
 }
 
 std::shared_ptr<TCExpression>
@@ -120,7 +121,7 @@ TBF::Expression* TCExpression::tbfExpression() const {
 }
 
 const std::shared_ptr<TCTokenizedExpression>& TCExpression::tokenizedExpression() {
-    if (!tokenized) tokenized = std::make_shared<TCTokenizedExpression>(weak_from_this());
+    if (!tokenized) tokenized = TBF::makeShared<TCTokenizedExpression>(weak_from_this());
     const TCLineCollection* const collection = owner ? owner->_lineCollection() : nullptr;
     if (collection) tokenized->setVariableList(collection->variables());
     if (const std::shared_ptr<TCEvaluator> evaluator = TCEvaluator::sharedEvaluator()) {

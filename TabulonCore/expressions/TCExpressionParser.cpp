@@ -6,6 +6,7 @@
 #include "expressions/TCTokenizedExpression.h"
 #include "expressions/TCTokenizedExpressionBackedParsedExpression.h"
 #include "lines/TCLine.h"
+#include "runtime/ObjectPool.h"
 
 #include <utility>
 
@@ -54,7 +55,7 @@ std::shared_ptr<TCParsedExpression>
 TCExpressionParser::parseExpression(const std::shared_ptr<TCExpression>& expression) const {
     std::shared_ptr<TCTokenizedExpression> tokenized;
     if (expression) {
-        tokenized = std::make_shared<TCTokenizedExpression>(expression);
+        tokenized = TBF::makeShared<TCTokenizedExpression>(expression);
         tokenized->setEnableCommentParsing(parsesComments);
         if (names) {
             tokenized->setVariableList(names->variables());
@@ -62,7 +63,7 @@ TCExpressionParser::parseExpression(const std::shared_ptr<TCExpression>& express
             tokenized->setWordOperators(names->wordOperators());
         }
     }
-    return std::make_shared<TCTokenizedExpressionBackedParsedExpression>(expression, std::move(tokenized));
+    return TBF::makeShared<TCTokenizedExpressionBackedParsedExpression>(expression, std::move(tokenized));
 }
 
 TCExpressionParser::Token

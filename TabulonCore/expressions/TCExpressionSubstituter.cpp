@@ -225,7 +225,8 @@ public:
 
     // Until the pattern matches no more. Two phrases that share a delimiter are not found in one walk over
     // the text; the next walk finds the second one.
-    void replaceRegex(const RegexMapping& mapping) {
+    void replaceRegex(const OrderedMappings::Entry& entry) {
+        const RegexMapping& mapping = entry.mapping;
         int64_t count = 0;
         int64_t bound = replacementBound;
         do {
@@ -239,8 +240,8 @@ public:
             if (count == 0) bound = std::max(bound, 2 * replaced);
             count += replaced;
             record(mapping, walk.made);
-        } while (count < bound && text.size() <= longest);
-        if (count > 0) present = clues.presentIn(text);
+            present = clues.presentIn(text);
+        } while (count < bound && text.size() <= longest && entry.canMatch(present));
     }
 
     void replaceString(const StringMapping& mapping) {
@@ -440,7 +441,7 @@ TCExpressionSubstituter::applySubstitutionsToMutableString(std::u16string& text)
     const std::shared_ptr<const OrderedMappings> ordered = orderedRegexMappings();
     Rewriting rewriting(text, ordered->clues);
     for (const OrderedMappings::Entry& entry : ordered->entries) {
-        if (entry.canMatch(rewriting.presentClues())) rewriting.replaceRegex(entry.mapping);
+        if (entry.canMatch(rewriting.presentClues())) rewriting.replaceRegex(entry);
     }
     for (std::size_t i = 0; i < stringMappings.size(); ++i) {
         const auto clue = ordered->stringClues[i];

@@ -3,6 +3,7 @@
 #include "analysis/ExpressionToken.h"
 #include "eval/Evaluator.h"
 #include "results/Result.h"
+#include "runtime/ObjectPool.h"
 #include "runtime/String.h"
 
 #include <algorithm>
@@ -99,7 +100,7 @@ void TCExpressionTokenBuilder::closeSpan() {
     const ShownType shown = shownType(run);
     const TCRange typed = typedRange(run);
     const TCRange displayed{typed.location + highOffset, closed.displayedLength.value_or(typed.length)};
-    auto token = std::make_shared<TCExpressionToken>(run, typed, displayed, shown.type, shown.subType);
+    auto token = TBF::makeShared<TCExpressionToken>(run, typed, displayed, shown.type, shown.subType);
     if (shown.subType == TCExpressionTokenSubTypeLineReference && closed.innerCount > 0)
         token->_setLineReferenceNumber(
             evaluatedArgument(tokens.subspan(closed.firstInner, closed.innerCount)));
@@ -156,5 +157,5 @@ void TCExpressionTokenBuilder::appendPlainToken(std::size_t index) {
     const TCRange typed = typedRange(run);
     const TCRange displayed{typed.location + highOffset, typed.length};
     const ShownType shown = shownType(run);
-    append(std::make_shared<TCExpressionToken>(run, typed, displayed, shown.type, shown.subType));
+    append(TBF::makeShared<TCExpressionToken>(run, typed, displayed, shown.type, shown.subType));
 }

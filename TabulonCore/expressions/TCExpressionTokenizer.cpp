@@ -5,6 +5,7 @@
 #include "expressions/TCExpression.h"
 #include "expressions/TCExpressionSubstituter.h"
 #include "expressions/TCSimpleTokenizedExpression.h"
+#include "runtime/ObjectPool.h"
 
 #include <utility>
 
@@ -16,15 +17,16 @@ TCExpressionTokenizer::TCExpressionTokenizer(TCSimpleLocale locale,
 std::shared_ptr<TCSimpleTokenizedExpression>
 TCExpressionTokenizer::tokenizeExpression(const TCExpression& expression) const {
     const auto tokenizer = TBF::ExpressionTokenizer::create(TCTBFLocaleFromTCSimpleLocale(textLocale));
-    std::u16string text = expression.originalString().value_or(std::u16string());
-    const auto length = static_cast<int64_t>(text.size());
+    const auto& typed = expression.originalString();
+    const auto length = static_cast<int64_t>(typed ? typed->size() : 0);
     // The expression itself keeps what the default substituter makes of its text.
     if (textSubstituter == TCExpressionSubstituter::defaultSubstituter() &&
         expression.isSubstitutedByDefault()) {
-        return std::make_shared<TCSimpleTokenizedExpression>(tokenizer->tokenize(expression.tbfExpression()),
-                                                             expression.expressionMappings(), length);
+        return TBF::makeShared<TCSimpleTokenizedExpression>(tokenizer->tokenize(expression.tbfExpression()),
+                                                            expression.expressionMappings(), length);
     }
+    std::u16string text = typed.value_or(std::u16string());
     auto mappings = textSubstituter ? textSubstituter->applySubstitutionsToMutableString(text) : nullptr;
-    return std::make_shared<TCSimpleTokenizedExpression>(
+    return TBF::makeShared<TCSimpleTokenizedExpression>(
         tokenizer->tokenize(TBF::Expression::create(text).get()), std::move(mappings), length);
 }

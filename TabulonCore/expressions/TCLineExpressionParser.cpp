@@ -9,6 +9,7 @@
 #include "expressions/TCParsedExpression.h"
 #include "expressions/TCSimpleTokenizedExpression.h"
 #include "expressions/TCTokenListParsedExpression.h"
+#include "runtime/ObjectPool.h"
 
 #include <utility>
 
@@ -54,7 +55,7 @@ public:
         const int64_t lowOffset = equals.substitutedRange.end();
         const int64_t offset = equals.range.end();
         for (const auto& token : value.tokens()) {
-            append(std::make_shared<TCExpressionToken>(
+            append(TBF::makeShared<TCExpressionToken>(
                 moved(token->lowLevelRange(), lowOffset), moved(token->range(), offset),
                 moved(token->highLevelRange(), offset), token->type(), token->subType(),
                 token->lineReferenceType(), token->lineReferenceNumber()));
@@ -66,7 +67,7 @@ public:
 private:
     void add(TCRange lowLevelRange, TCRange range, TCExpressionTokenType type,
              TCExpressionTokenSubType subType) {
-        append(std::make_shared<TCExpressionToken>(lowLevelRange, range, range, type, subType));
+        append(TBF::makeShared<TCExpressionToken>(lowLevelRange, range, range, type, subType));
     }
 
     void append(std::shared_ptr<TCExpressionToken> token) {
@@ -82,7 +83,7 @@ private:
 
 TCLineExpressionParser::TCLineExpressionParser(std::shared_ptr<TCEnvironment> environment)
     : names(std::move(environment))
-    , expressionParser(std::make_shared<TCExpressionParser>(names)) {}
+    , expressionParser(TBF::makeShared<TCExpressionParser>(names)) {}
 
 TCLineExpressionParser::~TCLineExpressionParser() = default;
 
@@ -121,7 +122,7 @@ void TCLineExpressionParser::processVarDeclLineExpression(TCAbstractLineExpressi
         return tokens.take();
     };
     lineExpression.setParsedExpression(
-        std::make_shared<TCTokenListParsedExpression>(lineExpression.expression(), std::move(stitch)));
+        TBF::makeShared<TCTokenListParsedExpression>(lineExpression.expression(), std::move(stitch)));
 }
 
 void TCLineExpressionParser::processPlainTextLineExpression(TCAbstractLineExpression& lineExpression) {

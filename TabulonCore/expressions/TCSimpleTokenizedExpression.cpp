@@ -21,6 +21,11 @@ TCSimpleTokenizedExpression::Token TCSimpleTokenizedExpression::tokenAtIndex(std
     return found;
 }
 
+bool TCSimpleTokenizedExpression::hasEquals() const {
+    return std::ranges::any_of(tokenized->tokens(),
+                               [](const auto& token) { return token->type() == TBFTokenTypeEquals; });
+}
+
 // A replaced phrase may be several tokens: the first of them takes the whole phrase.
 TCRange TCSimpleTokenizedExpression::transformSubstitutedRange(TCRange substitutedRange,
                                                                TCRange previousTokenRange) const {

@@ -45,11 +45,17 @@ public:
 
     Token tokenAtIndex(std::size_t index) const;
 
+    // Whether an equals sign is among the tokens.
+    bool hasEquals() const;
+
     // The typed range of a token whose predecessor ends there. In the typed text, too, tokens lie end to end.
     TCRange transformSubstitutedRange(TCRange substitutedRange, TCRange previousTokenRange) const;
 
     // Borrowed.
     TBF::TokenizedExpression* tbfTokenizedExpression() const { return tokenized.get(); }
+
+    // Null where both texts are the same. Borrowed.
+    const TCExpressionMappings* rangeMappings() const { return mappings.get(); }
 
     int64_t length() const { return typedLength; }
     int64_t substitutedLength() const; // 0 without tokens

@@ -75,6 +75,8 @@ private:
 bool TCExpressionParser::findVariableDeclarationInTokenizedExpression(
     const TCSimpleTokenizedExpression& expression, TCVariableDeclarationRecord* record,
     bool* isBadDeclaration) {
+    if (isBadDeclaration) *isBadDeclaration = false;
+    if (!expression.hasEquals()) return false;
     DeclarationFinder finder;
     expression.enumerateTokensWithBlock([&finder](const DeclarationFinder::Token& token, bool& stop) {
         finder.take(token);

@@ -10,12 +10,14 @@
 #include "expressions/TCLineVariableDeclaration.h"
 #include "expressions/TCNormalLineExpression.h"
 #include "expressions/TCParsedExpression.h"
+#include "expressions/TCPlainLineReferences.h"
 #include "expressions/TCPlainTextLineExpression.h"
 #include "expressions/TCSimpleTokenizedExpression.h"
 #include "expressions/TCVarDeclLineExpression.h"
 #include "lines/TCLineCollection.h"
 #include "results/TCResult.h"
 #include "results/TCResultFormattingOptions.h"
+#include "runtime/ObjectPool.h"
 
 #include <chrono>
 #include <functional>
@@ -67,7 +69,7 @@ bool mayNameVariable(std::u16string_view text) {
 }
 
 std::shared_ptr<TCExpression> expressionWithText(std::optional<std::u16string> text) {
-    return text ? std::make_shared<TCExpression>(std::move(text)) : nullptr;
+    return text ? TBF::makeShared<TCExpression>(std::move(text)) : nullptr;
 }
 
 std::shared_ptr<TCAbstractLineExpression>
@@ -77,12 +79,12 @@ declarationExpression(const std::shared_ptr<TCExpression>& expression,
     const std::u16string_view text = *expression->originalString();
     std::shared_ptr<TCExpression> value;
     if (record.valueRange.length > 0)
-        value = std::make_shared<TCExpression>(std::u16string(part(text, record.valueRange)),
-                                               expression->locale());
-    auto declaration = std::make_shared<TCLineVariableDeclaration>(
+        value = TBF::makeShared<TCExpression>(std::u16string(part(text, record.valueRange)),
+                                              expression->locale());
+    auto declaration = TBF::makeShared<TCLineVariableDeclaration>(
         record.equalsTokenIndex, record.nameRange, std::u16string(trimmed(part(text, record.nameRange))),
         std::move(value));
-    return std::make_shared<TCVarDeclLineExpression>(expression, tokens, std::move(declaration));
+    return TBF::makeShared<TCVarDeclLineExpression>(expression, tokens, std::move(declaration));
 }
 
 } // namespace
@@ -98,7 +100,7 @@ std::shared_ptr<TCLine> TCLine::make(std::shared_ptr<TCExpression> expression) {
 
 std::shared_ptr<TCLine> TCLine::make(std::shared_ptr<TCExpression> expression,
                                      std::shared_ptr<TCAbstractLineExpression> lineExpression) {
-    return std::make_shared<TCLine>(Passkey(), std::move(expression), std::move(lineExpression));
+    return TBF::makeShared<TCLine>(Passkey(), std::move(expression), std::move(lineExpression));
 }
 
 std::shared_ptr<TCLine> TCLine::lineWithExpressionString(std::optional<std::u16string> text) {
@@ -106,15 +108,15 @@ std::shared_ptr<TCLine> TCLine::lineWithExpressionString(std::optional<std::u16s
 }
 
 std::shared_ptr<TCLine> TCLine::lineWithPlainText(std::u16string text) {
-    auto expression = std::make_shared<TCExpression>(std::move(text));
-    auto plain = std::make_shared<TCPlainTextLineExpression>(expression, nullptr);
+    auto expression = TBF::makeShared<TCExpression>(std::move(text));
+    auto plain = TBF::makeShared<TCPlainTextLineExpression>(expression, nullptr);
     return make(std::move(expression), std::move(plain));
 }
 
 TCLine::TCLine(Passkey, std::shared_ptr<TCExpression> expression,
                std::shared_ptr<TCAbstractLineExpression> lineExpression)
     : text(std::move(expression))
-    , customOptions(std::make_shared<TCResultFormattingOptions>())
+    , customOptions(TBF::makeShared<TCResultFormattingOptions>())
     , analysedForm(std::move(lineExpression)) {
     if (text) text->setLine(this);
 }
@@ -160,18 +162,18 @@ void TCLine::expressionDidChange() {
 std::shared_ptr<TCAbstractLineExpression>
 TCLine::lineTypeForExpression(const std::shared_ptr<TCExpression>& expression) {
     if (!expression || !expression->originalString())
-        return std::make_shared<TCPlainTextLineExpression>(expression, nullptr);
+        return TBF::makeShared<TCPlainTextLineExpression>(expression, nullptr);
     const TCExpressionTokenizer tokenizer(expression->locale(),
                                           TCExpressionSubstituter::defaultSubstituter());
     const std::shared_ptr<TCSimpleTokenizedExpression> tokens = tokenizer.tokenizeExpression(*expression);
     TCVariableDeclarationRecord record;
     switch (TCExpressionParser::expressionTypeOfTokenizedExpression(*tokens, &record)) {
     case TCLineTypeNormal:
-        return std::make_shared<TCNormalLineExpression>(expression, tokens);
+        return TBF::makeShared<TCNormalLineExpression>(expression, tokens);
     case TCLineTypeVariableDeclaration:
         return declarationExpression(expression, tokens, record);
     case TCLineTypePlainText:
-        return std::make_shared<TCPlainTextLineExpression>(expression, tokens);
+        return TBF::makeShared<TCPlainTextLineExpression>(expression, tokens);
     default:
         return nullptr;
     }
@@ -264,8 +266,8 @@ int32_t TCLine::lineType() const {
     return type >= TCLineTypeNormal && type <= TCLineTypePlainText ? type : TCLineTypeNone;
 }
 
-// The display tokens that tell of references are made on demand and are dear, so a text that can't hold a
-// reference is not asked for them.
+// The display tokens that tell of references are made on demand and are dear, so a text is asked for them
+// only if it holds a reference, and one that can't be read in a simpler way.
 const std::optional<TCLine::References>& TCLine::lineReferences() const {
     if (referencesKnown || !isParsed()) return references;
     referencesKnown = true;
@@ -273,9 +275,35 @@ const std::optional<TCLine::References>& TCLine::lineReferences() const {
     const std::shared_ptr<TCExpression> evaluable = evaluableExpression();
     if (!evaluable || evaluable->stringForEvaluation().find(referenceFunctionPrefix) == std::u16string::npos)
         return references;
+    if (!readPlainReferences()) readReferencesOfTokens();
+    return references;
+}
+
+bool TCLine::readPlainReferences() const {
+    const TCLineCollection* const collection = _lineCollection();
+    const auto tokens = tokenizedEvaluableExpression();
+    if (!tokens || !collection) return false;
+    const auto found = TCPlainLineReferences(*tokens, collection->variables().get());
+    if (!found) return false;
+    if (found->empty()) return true;
+    std::vector<int64_t> absoluteIndexes;
+    std::vector<int64_t> relativeOffsets;
+    references.emplace();
+    for (const auto& [type, number] : *found) {
+        references->all.push_back({type, number});
+        if (type & absoluteReferenceTypes)
+            absoluteIndexes.push_back(type == TCLineReferenceTypeAbsoluteByLineNumber ? number - 1 : number);
+        if (type & relativeReferenceTypes) relativeOffsets.push_back(number);
+    }
+    references->absoluteIndexes = TCIndexSet::indexSetWithIndexes(absoluteIndexes);
+    references->relativeOffsets = TCIndexSet::indexSetWithIndexes(relativeOffsets);
+    return true;
+}
+
+void TCLine::readReferencesOfTokens() const {
     std::optional<std::vector<int64_t>> numbers;
     TCExpressionParser::findLineReferencesInLine(*this, absoluteReferenceTypes, &numbers, nullptr, false);
-    if (!numbers) return references;
+    if (!numbers) return;
     references.emplace();
     references->absoluteIndexes = TCIndexSet::indexSetWithIndexes(*numbers);
     TCExpressionParser::findLineReferencesInLine(*this, relativeReferenceTypes, &numbers, nullptr, false);
@@ -283,7 +311,6 @@ const std::optional<TCLine::References>& TCLine::lineReferences() const {
     const auto tokens = parsedExpression()->tokensOfType(TCExpressionTokenTypeLineReference);
     for (const auto& token : tokens.value_or(TCExpressionTokens()))
         references->all.push_back({token->lineReferenceType(), token->lineReferenceNumber()});
-    return references;
 }
 
 std::span<const TCLine::Reference> TCLine::referencesToLines() const {

@@ -1,6 +1,6 @@
 // The names that lines declare: a variable for each, with the lines that declare it and their values.
 
-#include "eval/TBFSettings.h"
+#include "eval/Settings.h"
 #include "expressions/TCExpression.h"
 #include "expressions/TCLineVariableDeclaration.h"
 #include "lines/TCLine.h"
@@ -143,7 +143,7 @@ TCLineIndexSet TCLineCollection::directLineCollectionVariableOwnersForLine(const
 // Whether lines that use the name which this line declares read the value of this one.
 bool TCLineCollection::isReadAsVariable(std::size_t index) const {
     if (index >= lines.size()) return false;
-    if (TBFSettingsGetBool(TBFSettingAllowsVariableRedefinitions)) return true;
+    if (TBF::Settings::current().allowsVariableRedefinitions()) return true;
     const auto declaration = lines[index]->variableDeclaration();
     const auto variable = declaration ? lineCollectionVariableWithName(declaration->name(), true) : nullptr;
     return variable && variable->lastOwnerLine() == lines[index];

@@ -3,6 +3,7 @@
 #include "bundle/LocalizedStrings.h"
 #include "results/Result.h"
 #include "results/TCResultFormatter.h"
+#include "runtime/ObjectPool.h"
 #include "runtime/String.h"
 #include "runtime/TBFLog.h"
 #include "units/TCCompositeUnit.h"
@@ -88,7 +89,7 @@ TCResult::TCResult() = default;
 TCResult::~TCResult() = default;
 
 std::shared_ptr<TCResult> TCResult::resultWithContentsOfTBFResult(TBF::Ref<TBF::Result> result) {
-    auto wrapped = std::make_shared<TCResult>();
+    auto wrapped = TBF::makeShared<TCResult>();
     if (const TBF::String* const text = TBFResultGetStringReference(result.get())) {
         wrapped->rawText = text->utf16();
         wrapped->type = text->isEmpty() ? TCResultTypeEmpty : TCResultTypeNumber;
@@ -130,7 +131,7 @@ void TCResult::takeUnitFrom(TBFResultRef result) {
 
 std::shared_ptr<TCResult> TCResult::resultWithRawResultString(std::optional<std::u16string_view> text,
                                                               std::shared_ptr<TCUnit> unit, uint32_t flags) {
-    auto result = std::make_shared<TCResult>();
+    auto result = TBF::makeShared<TCResult>();
     if (text) result->rawText = std::u16string(trimmed(*text));
     result->type = result->rawText && !result->rawText->empty() ? TCResultTypeNumber : TCResultTypeEmpty;
     result->setUnit(std::move(unit));

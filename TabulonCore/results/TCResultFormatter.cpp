@@ -1,5 +1,6 @@
 #include "results/TCResultFormatter.h"
 
+#include "results/Result.h"
 #include "results/ResultFormatter.h"
 #include "results/TCAttributedResultFormatter.h"
 #include "results/TCResult.h"
@@ -7,11 +8,12 @@
 #include "units/TCUnit.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cstdlib>
 #include <limits>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -31,31 +33,21 @@ constexpr char16_t superscriptMinus = u'⁻';
 constexpr std::u16string_view siLetters[] = {u"", u"k", u"M", u"G", u"T", u"P"};
 
 struct Components {
-    std::array<MallocText, 3> texts; // mantissa, base, exponent
-    int32_t count = 0;               // 0, 1 or 3
+    std::vector<std::string> texts; // none, the whole number, or mantissa, base and exponent
 
-    std::u16string text(std::size_t index) const { return TBF::utf16(texts[index].get()); }
+    std::u16string text(std::size_t index) const { return TBF::utf16(texts[index]); }
 };
 
-Components componentsOf(TBF::ResultFormatter* formatter, const TCResult& result,
+Components componentsOf(const TBF::ResultFormatter& formatter, const TCResult& result,
                         const TCResultFormattingOptions& options) {
-    char* texts[3] = {};
-    int32_t count = 0;
+    TBF::Result* const value = result.tbfResult();
+    if (!value) return {};
     // Old documents don't say which base, and mean the usual one.
     const auto base = options.displayBase() == 0 ? uint8_t{10} : static_cast<uint8_t>(options.displayBase());
-    if (options.significantDigits() != 0)
-        TBFResultFormatterGetResultComponentsWithSignificantDigits(
-            formatter, result.tbfResult(), texts, &count, base,
-            static_cast<uint16_t>(options.significantDigits()));
-    else
-        TBFResultFormatterGetResultComponentsWithDecimalPlaces(
-            formatter, result.tbfResult(), texts, &count, base,
-            static_cast<uint16_t>(options.decimalPlaces()));
-    Components components;
-    components.count = count;
-    for (std::size_t i = 0; i < components.texts.size(); ++i)
-        components.texts[i].reset(texts[i]);
-    return components;
+    const auto significantDigits = static_cast<uint16_t>(options.significantDigits());
+    const auto decimalPlaces = static_cast<uint16_t>(options.decimalPlaces());
+    return {formatter.components(*value, base, significantDigits == 0 ? decimalPlaces : uint16_t{0},
+                                 significantDigits)};
 }
 
 int16_t within16Bits(uint32_t number) {
@@ -173,11 +165,12 @@ TCResultFormatter::normalFormattedResult(const TCResult* result, const TCResultF
     if (result->resultType() == TCResultTypeEmpty) return std::u16string();
 
     configure(options);
-    const Components components = componentsOf(resultFormatter.get(), *result, options);
-    if (components.count == 0) return std::nullopt;
+    const Components components = componentsOf(*resultFormatter, *result, options);
+    const std::size_t count = components.texts.size();
+    if (count == 0) return std::nullopt;
 
     std::u16string text;
-    if (components.count == 3) {
+    if (count == 3) {
         text = scientificText(components, options, parts);
     } else {
         text = components.text(0);
@@ -190,7 +183,7 @@ TCResultFormatter::normalFormattedResult(const TCResult* result, const TCResultF
                                                               options.decimalPlaceCharacter(), separator);
 
     if (result->isPercent()) {
-        if (components.count >= 2) text += u' ';
+        if (count >= 2) text += u' ';
         if (options.showPercentSign()) text += u'%';
     } else if (options.showUnit() && result->unit()) {
         addUnit(*result, options, text, parts);

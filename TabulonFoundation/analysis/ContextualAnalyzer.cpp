@@ -84,8 +84,8 @@ std::vector<Ref<ExpressionToken>> ContextualAnalyzer::analyze(const TokenizedExp
     PassContext context{.input = expression.tokens()};
     context.names = names.get();
     const Settings& settings = Settings::current();
-    context.scope = settings.boolValue(TBFSettingAllowsVariableRedefinitions) ? lineIndex : scopeOfLastValue;
-    context.usesMatcher = settings.boolValue(TBFSettingUsesNewEvaluatorImpl);
+    context.scope = settings.allowsVariableRedefinitions() ? lineIndex : scopeOfLastValue;
+    context.usesMatcher = settings.usesNewEvaluatorImpl();
     for (const Pass& pass : passTable) {
         if (pass.traits == LineTraitAny || context.has(pass.traits)) pass.run(context);
     }

@@ -27,7 +27,7 @@ private:
 // `visit` may replace the children of the group that it is called with. Keeps its own stack.
 template <typename Visit>
 void crawlGroups(EPExpressionTreeNode& root, Visit visit) {
-    std::vector<EPExpressionTreeNode*> pending{&root};
+    PooledVector<EPExpressionTreeNode*> pending{&root};
     while (!pending.empty()) {
         EPExpressionTreeNode& parent = *pending.back();
         pending.pop_back();

@@ -25,7 +25,7 @@ void forEachTokenNode(const EPExpressionTreeNode& top, Visit visit) {
         const EPExpressionTreeNode* parent;
         std::size_t next;
     };
-    std::vector<Position> path{{&top, 0}};
+    PooledVector<Position> path{{&top, 0}};
     while (!path.empty()) {
         Position& here = path.back();
         if (here.next == here.parent->children().size()) {
@@ -47,7 +47,8 @@ EPExpressionTreeNode::EPExpressionTreeNode() = default;
 
 // Takes the subtree apart level by level, so that its depth costs no stack.
 EPExpressionTreeNode::~EPExpressionTreeNode() {
-    if (nodes.empty()) return;
+    const auto isLeafNode = [](const Ref<EPExpressionTreeNode>& node) { return node->isLeaf(); };
+    if (std::ranges::all_of(nodes, isLeafNode)) return;
     Children doomed = std::move(nodes);
     while (!doomed.empty()) {
         const Ref<EPExpressionTreeNode> node = std::move(doomed.back());
@@ -126,6 +127,13 @@ void EPExpressionTreeNode::appendBasicTokens(std::vector<BasicToken*>& tokens) c
             tokens.push_back(token.get());
         return true;
     });
+}
+
+Ref<ExpressionToken> EPExpressionTreeNode::unchangedToken() const {
+    const bool isUnchanged = ownsBasicTokens() && tokenType == ownToken->type() &&
+                             tokenSubType == ownToken->actualSubType() &&
+                             representedSubType() == ownToken->subType() && found.isEmpty();
+    return isUnchanged ? TBF::retain(const_cast<ExpressionToken*>(ownToken.get())) : nullptr;
 }
 
 Ref<ExpressionToken> EPExpressionTreeNode::createTokenOfText() const {

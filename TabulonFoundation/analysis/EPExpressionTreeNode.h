@@ -9,6 +9,7 @@
 #include "analysis/TBFTokenTypes.h"
 #include "analysis/WordMeaning.h"
 #include "runtime/Object.h"
+#include "runtime/ObjectPool.h"
 #include "runtime/Ref.h"
 #include "runtime/TBFTypes.h"
 
@@ -26,7 +27,7 @@ class String;
 
 class EPExpressionTreeNode final : public Object<EPExpressionTreeNode> {
 public:
-    using Children = std::vector<Ref<EPExpressionTreeNode>>;
+    using Children = PooledVector<Ref<EPExpressionTreeNode>>;
 
     static Ref<EPExpressionTreeNode> create();
 
@@ -80,6 +81,10 @@ public:
     // The basic tokens of the node, or else of all nodes below it, in order. Borrowed.
     std::vector<BasicToken*> basicTokens() const;
     void appendBasicTokens(std::vector<BasicToken*>& tokens) const;
+
+    // The token that the node stands for, if the analysis has left it with its own types and found no meaning
+    // for it; null otherwise.
+    Ref<ExpressionToken> unchangedToken() const;
 
     // A new token of all basic tokens of the node, or null if it has none. Its types are those of the first.
     Ref<ExpressionToken> createTokenOfText() const;

@@ -9,6 +9,9 @@ Ref<ExpressionScanner> ExpressionScanner::create() {
 }
 
 Ref<ExpressionScanner> ExpressionScanner::create(TBFLocale locale) {
+    static const Ref<ExpressionScanner>& usual =
+        *new Ref<ExpressionScanner>(ExpressionScannerImpl::create(defaultWordBreakers(), kTBFLocaleDefault));
+    if (locale == kTBFLocaleDefault) return usual;
     return ExpressionScannerImpl::create(defaultWordBreakers(), locale);
 }
 

@@ -32,7 +32,6 @@ bool standsBetweenDigits(char16_t c) {
 // The digits of a number without its locale: in the common case a copy of a few bytes.
 std::string numberText(std::u16string_view text, TBFLocale locale) {
     std::string bytes;
-    bytes.reserve(text.size());
     for (const char16_t c : text) {
         if (c == locale.thousandsSeparator || standsBetweenDigits(c)) continue;
         if (c == locale.decimalPoint) {
@@ -118,17 +117,17 @@ PolyString* ExpressionToken::string() const {
 }
 
 PolyString* ExpressionToken::decimalString() const {
-    if (cachedDecimalString) return cachedDecimalString.get();
-    std::string text = "1";
-    if (tokenType == TBFTokenTypeNumber) {
-        text = numberText(view(), locale());
-        // The analyzer may have joined other characters in front of a prefix.
-        if (tokenSubType == TBFTokenSubTypePrefixedNumber && text.starts_with('0')) {
-            text = BaseConverter::prefixedToDecimal(text).value_or(std::string());
-        }
-    }
-    cachedDecimalString = PolyString::create(text);
+    if (!cachedDecimalString) cachedDecimalString = PolyString::create(decimalText());
     return cachedDecimalString.get();
+}
+
+std::string ExpressionToken::decimalText() const {
+    if (tokenType != TBFTokenTypeNumber) return "1";
+    std::string text = numberText(view(), locale());
+    // The analyzer may have joined other characters in front of a prefix.
+    if (tokenSubType == TBFTokenSubTypePrefixedNumber && text.starts_with('0'))
+        return BaseConverter::prefixedToDecimal(text).value_or(std::string());
+    return text;
 }
 
 TBFChar ExpressionToken::firstCharacter() const noexcept {

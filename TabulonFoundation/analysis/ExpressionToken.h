@@ -13,6 +13,7 @@
 
 #include <cstddef>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -69,6 +70,9 @@ public:
     // The text from which a number is made: without thousands separators and spaces, with "." as the
     // decimal point, prefixed numbers in decimal. "1" for tokens that aren't numbers. Borrowed.
     PolyString* decimalString() const;
+
+    // The same, without keeping it.
+    std::string decimalText() const;
 
     // 0 for a token without basic tokens.
     TBFChar firstCharacter() const noexcept;

@@ -122,29 +122,28 @@ TBFNamespaceType Namespace::lookUp(std::span<const std::u16string_view> words, i
     if (words.empty()) return TBFNamespaceTypeNone;
     const LowercaseWords lowercaseWords(words);
     Claims claims;
-    if (words.size() == 1 && (variables || functions)) {
-        const Ref<String> name = String::create(words.front());
-        const Ref<String> lowercaseName = lowercaseWords.views().front() == words.front()
-                                              ? name
-                                              : String::create(lowercaseWords.views().front());
+    if (words.size() == 1) {
+        const HashedText name(words.front());
+        const bool isLowercase = lowercaseWords.views().front().data() == words.front().data();
+        const HashedText lowercaseName = isLowercase ? name : HashedText(lowercaseWords.views().front());
         if (variables) {
-            const VariableList::Match match = variables->find(*name, *lowercaseName);
+            const VariableList::Match match = variables->find(name, lowercaseName);
             if (match.variable) {
                 claims.variable = {.exists = true, .isExact = match.exactCase};
                 meaning.variable = variables->resolve(*match.variable, scope);
             }
         }
         if (functions) {
-            const FunctionList::Match match = functions->find(*name, *lowercaseName);
+            const FunctionList::Match match = functions->find(name, lowercaseName);
             if (match.function) {
                 claims.function = {.exists = true, .isExact = match.exactCase};
                 meaning.function = TBF::retain(match.function);
             }
         }
-    }
-    if (words.size() == 1 && wordOperators) {
-        meaning.wordOperator = TBF::retain(wordOperators->find(words.front()));
-        claims.wordOperator = meaning.wordOperator != nullptr;
+        if (wordOperators) {
+            meaning.wordOperator = TBF::retain(wordOperators->find(name));
+            claims.wordOperator = meaning.wordOperator != nullptr;
+        }
     }
     if (units) {
         bool isExact = false;

@@ -191,7 +191,7 @@ int32_t TBFExpressionTreeNodeGetIndexOfChildNode(const EPExpressionTreeNode* nod
     return node ? node->indexOfChild(child) : -1;
 }
 
-const std::vector<TBF::Ref<EPExpressionTreeNode>>&
+const TBF::PooledVector<TBF::Ref<EPExpressionTreeNode>>&
 TBFExpressionTreeNodeGetChildren(const EPExpressionTreeNode* node) {
     static const EPExpressionTreeNode::Children none;
     return node ? node->children() : none;
@@ -202,7 +202,7 @@ void TBFExpressionTreeNodeAddChild(TBFEPExpressionTreeNodeRef parent, TBFEPExpre
 }
 
 void TBFExpressionTreeNodeReplaceChildren(TBFEPExpressionTreeNodeRef parent,
-                                          std::vector<TBF::Ref<EPExpressionTreeNode>> children) {
+                                          TBF::PooledVector<TBF::Ref<EPExpressionTreeNode>> children) {
     if (parent) parent->replaceChildren(std::move(children));
 }
 

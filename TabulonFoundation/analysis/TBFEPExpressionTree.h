@@ -8,6 +8,7 @@
 #include "analysis/TBFExpressionToken.h"
 #include "analysis/TBFOperatorOptions.h"
 #include "analysis/TBFTokenTypes.h"
+#include "runtime/ObjectPool.h"
 #include "runtime/Ref.h"
 #include "runtime/TBFTypes.h"
 
@@ -81,11 +82,11 @@ TBF::Ref<TBF::String> TBFExpressionTreeNodeGetStringReference(const TBF::EPExpre
 int32_t TBFExpressionTreeNodeGetCountOfChildNodes(const TBF::EPExpressionTreeNode* node);
 int32_t TBFExpressionTreeNodeGetIndexOfChildNode(const TBF::EPExpressionTreeNode* node,
                                                  const TBF::EPExpressionTreeNode* child); // -1 for none
-const std::vector<TBF::Ref<TBF::EPExpressionTreeNode>>&
+const TBF::PooledVector<TBF::Ref<TBF::EPExpressionTreeNode>>&
 TBFExpressionTreeNodeGetChildren(const TBF::EPExpressionTreeNode* node);
 void TBFExpressionTreeNodeAddChild(TBFEPExpressionTreeNodeRef parent, TBFEPExpressionTreeNodeRef child);
 void TBFExpressionTreeNodeReplaceChildren(TBFEPExpressionTreeNodeRef parent,
-                                          std::vector<TBF::Ref<TBF::EPExpressionTreeNode>> children);
+                                          TBF::PooledVector<TBF::Ref<TBF::EPExpressionTreeNode>> children);
 // Puts one node, which is shared, in the place of the children in the range.
 void TBFExpressionTreeNodeReplaceChildNodes(TBFEPExpressionTreeNodeRef parent, TBFRange range,
                                             TBFEPExpressionTreeNodeRef replacement);

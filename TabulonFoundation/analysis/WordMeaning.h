@@ -26,6 +26,11 @@ struct WordMeaning {
     Ref<Function> function;
     int32_t unitNameFormat = 0; // a TBFUnitFormatType: the format of the name that was written
 
+    bool isEmpty() const noexcept {
+        return !unitFraction && !unitContainer && !ambiguousUnit && !variable && !wordOperator && !function &&
+               unitNameFormat == 0;
+    }
+
     WordMeaning() noexcept;
     ~WordMeaning();
     WordMeaning(WordMeaning&&) noexcept;

@@ -22,6 +22,7 @@
 #include "units/UnitCollection.h"
 #include "units/UnitFraction.h"
 
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -63,7 +64,9 @@ Ref<Result> createResult(const Value* value, const EvaluationContext& context) {
     // What an operator computed fits; a number read from a long text may not.
     if (!digitsFit(number.mapmRef())) return errorResult(TBFEvaluationErrorExponentTooLarge);
 
-    auto result = Result::create(TBF_mapm_to_fitted_string(number.mapmRef(), shownDecimals));
+    const std::string text = TBF_mapm_to_fitted_string(number.mapmRef(), shownDecimals);
+    const bool isExact = TBF_mapm_decimals(number.mapmRef()) <= shownDecimals;
+    auto result = isExact ? Result::create(text, retain(value->number())) : Result::create(text);
     result->setUnitFraction(value->unitFraction());
     if (number.isPercent()) result->setFlags(TBFResultFlagPercent);
     if (const EvalMetadata* const metadata = context.unitAccumulator()) {

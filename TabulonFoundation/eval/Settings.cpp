@@ -32,6 +32,12 @@ Ref<Settings>& currentSettings() {
 Settings::Settings() {
     for (const Default& setting : defaults)
         values.emplace(setting.name, setting.value);
+    noteChanges();
+}
+
+void Settings::noteChanges() {
+    redefinitions = boolValue(TBFSettingAllowsVariableRedefinitions);
+    newEvaluator = boolValue(TBFSettingUsesNewEvaluatorImpl);
 }
 
 Ref<Settings> Settings::create() {
@@ -46,6 +52,7 @@ void Settings::setBool(std::string_view name, bool value) {
     }
     if (found->second == value) return;
     found->second = value;
+    noteChanges();
     std::fprintf(stderr, "TBFSettings: %s -> %s\n", found->first.c_str(), value ? "on" : "off");
 }
 

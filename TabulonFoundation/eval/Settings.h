@@ -23,6 +23,10 @@ public:
     // Throws std::out_of_range for an unknown name.
     bool boolValue(std::string_view name) const;
 
+    // Two settings that every analysis of a line asks for.
+    bool allowsVariableRedefinitions() const { return redefinitions; }
+    bool usesNewEvaluatorImpl() const { return newEvaluator; }
+
     // The settings of the process; the defaults as long as none were set. Setting them again ends the
     // process.
     static const Settings& current();
@@ -33,7 +37,11 @@ private:
     Settings();
     ~Settings() override = default;
 
+    void noteChanges();
+
     std::map<std::string, bool, std::less<>> values;
+    bool redefinitions = false; // both as in `values`
+    bool newEvaluator = false;
 };
 
 } // namespace TBF

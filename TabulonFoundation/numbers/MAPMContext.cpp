@@ -7,7 +7,11 @@ namespace TBF {
 MAPMContext::MAPMContext(int32_t precision)
     : ownPrecision(precision) {}
 
-MAPMContext::~MAPMContext() = default;
+MAPMContext::~MAPMContext() {
+    const KernelLock lock; // one for all registers
+    for (Decimal& each : registers)
+        const Decimal freed = std::move(each);
+}
 
 Ref<MAPMContext> MAPMContext::create(int32_t precision) {
     const KernelLock lock;

@@ -65,17 +65,22 @@ void TBF_mapm_round_mt(M_APM result, int places, M_APM_const x) {
 
 std::string TBF_mapm_to_fitted_string(M_APM_const x, int places) {
     if (!x) return {};
-    std::string text;
-    {
-        const KernelLock lock;
-        text.resize(static_cast<std::size_t>(m_apm_fixpt_length(places, x)) + 1);
-        m_apm_to_fixpt_string(text.data(), places, x);
-    }
+    const KernelLock lock;
+    const int64_t decimals = TBF_mapm_decimals(x);
+    if (places > decimals) places = static_cast<int>(decimals);
+    std::string text(static_cast<std::size_t>(m_apm_fixpt_length(places, x)) + 1, '\0');
+    m_apm_to_fixpt_string(text.data(), places, x);
     text.resize(text.find('\0'));
-    if (text.find('.') == std::string::npos) return text;
+    // What wasn't rounded ends with a digit other than 0.
+    if (places == decimals || places == 0) return text;
     text.erase(text.find_last_not_of('0') + 1);
     if (text.back() == '.') text.pop_back();
     return text;
+}
+
+int64_t TBF_mapm_decimals(M_APM_const x) {
+    if (!x || m_apm_sign(x) == 0) return 0;
+    return std::max<int64_t>(0, int64_t{m_apm_significant_digits(x)} - 1 - m_apm_exponent(x));
 }
 
 int TBF_mapm_buffer_size(M_APM_const x) {

@@ -27,6 +27,10 @@ void TBF_mapm_round_mt(M_APM result, int places, M_APM_const x); // takes the lo
 // no point. Takes the lock.
 std::string TBF_mapm_to_fitted_string(M_APM_const x, int places);
 
+// Decimals behind the point in the plain text of `x`, the last of them not 0; none for whole numbers and
+// null.
+int64_t TBF_mapm_decimals(M_APM_const x);
+
 // A size in bytes that suffices for the plain text of `x` with up to 100 decimals; 0 for null.
 int TBF_mapm_buffer_size(M_APM_const x);
 

@@ -1,5 +1,6 @@
 #include "parser/ExpressionTree.h"
 
+#include "numbers/KernelLock.h"
 #include "runtime/TBFLog.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ namespace TBF {
 namespace {
 
 // Pushes what is visited below `node`, in the order that leaves the right one on top of the stack.
-void pushChildren(const ExpressionNode& node, std::vector<ExpressionNode*>& stack) {
+void pushChildren(const ExpressionNode& node, PooledVector<ExpressionNode*>& stack) {
     ExpressionNode::Children below;
     switch (node.type()) {
     case TBFExpressionNodeTypeOperand:
@@ -42,10 +43,15 @@ Ref<ExpressionTree> ExpressionTree::create(Ref<ExpressionNode> root) {
     return make<ExpressionTree>(std::move(root));
 }
 
+ExpressionTree::~ExpressionTree() {
+    const KernelLock lock; // one for all numbers of the tree
+    rootNode.reset();
+}
+
 // Visits node, right subtree, left subtree, and turns the order around.
 const std::vector<ExpressionNode*>& ExpressionTree::nodesPostOrderDFS() const {
     if (!postOrderNodes.empty() || !rootNode) return postOrderNodes;
-    std::vector<ExpressionNode*> stack{rootNode.get()};
+    PooledVector<ExpressionNode*> stack{rootNode.get()};
     while (!stack.empty()) {
         ExpressionNode* const node = stack.back();
         stack.pop_back();

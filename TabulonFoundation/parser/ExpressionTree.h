@@ -27,6 +27,7 @@ private:
     friend class Object<ExpressionTree>;
     explicit ExpressionTree(Ref<ExpressionNode> root) noexcept
         : rootNode(std::move(root)) {}
+    ~ExpressionTree() override;
 
     Ref<ExpressionNode> rootNode;
     mutable std::vector<ExpressionNode*> postOrderNodes; // empty until asked for

@@ -4,6 +4,7 @@
 #include "analysis/wordoperators/WordOperator.h"
 #include "eval/functions/Function.h"
 #include "eval/variables/ScopedVariable.h"
+#include "numbers/KernelLock.h"
 #include "numbers/Number.h"
 #include "runtime/PolyString.h"
 #include "runtime/TBFLog.h"
@@ -50,6 +51,7 @@ TBFOperatorType resolveSign(TBFOperatorType type, bool behindOperand) {
 // Walks the tokens once. A group ends at its closing bracket, at a separator inside of a bracket, or with the
 // tokens; the walk then goes on in the group around it, behind the token that ended the inner one.
 Ref<ExpressionNode> ExpressionTreeBuilder::build() {
+    const KernelLock lock; // one for all numbers of the line
     operands.reserve(usualDepth);
     operators.reserve(usualDepth);
     openGroup(false);
@@ -104,7 +106,7 @@ ExpressionTreeBuilder::Step ExpressionTreeBuilder::takeToken(ExpressionToken& to
 
 void ExpressionTreeBuilder::takeNumber(ExpressionToken& token) {
     insertImplicitOperator(false);
-    auto number = Number::create(token.decimalString()->cString(), TBFNumberTypeDecimal);
+    auto number = Number::create(token.decimalText().c_str(), TBFNumberTypeDecimal);
     pushOperand(TBFOperandExpressionNode::create(std::move(number), nullptr, nullptr), token);
 }
 

@@ -103,10 +103,10 @@ private:
     PendingOperator popOperator();
 
     ExpressionTokens tokens;
-    std::vector<Ref<ExpressionNode>> operands; // a null stands for a value that came to nothing
-    std::vector<PendingOperator> operators;
-    std::vector<Ref<ExpressionNode>> listElements;
-    std::vector<Group> groups;
+    PooledVector<Ref<ExpressionNode>> operands; // a null stands for a value that came to nothing
+    PooledVector<PendingOperator> operators;
+    PooledVector<Ref<ExpressionNode>> listElements;
+    PooledVector<Group> groups;
     TBFParserError firstError = TBFParserErrorNone;
     bool hasUnit = false;
     bool hasAmbiguousUnit = false;

@@ -1,6 +1,7 @@
 #include "results/Result.h"
 
 #include "numbers/KernelLock.h"
+#include "numbers/Number.h"
 #include "results/ResultText.h"
 #include "units/Unit.h"
 #include "units/UnitFraction.h"
@@ -24,9 +25,16 @@ Ref<Result> Result::create(std::string_view text) {
     return result;
 }
 
+Ref<Result> Result::create(std::string_view text, Ref<Number> number) {
+    auto result = create(text);
+    result->number = std::move(number);
+    return result;
+}
+
 void Result::setString(Ref<String> string) {
     text = std::move(string);
     trimmed.reset();
+    number.reset();
     digits.reset();
 }
 
@@ -39,6 +47,7 @@ const Ref<String>& Result::completeString() {
 
 M_APM Result::mapm() {
     if (!text || text->isEmpty()) return nullptr;
+    if (number) return number->mapmRef();
     if (!digits) digits.emplace(text->utf8().c_str());
     return digits->get();
 }

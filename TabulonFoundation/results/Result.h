@@ -17,6 +17,7 @@
 
 namespace TBF {
 
+class Number;
 class UnitFraction;
 
 class Result final : public Object<Result> {
@@ -25,6 +26,9 @@ public:
 
     // Of plain decimal text, with '.' for the point.
     static Ref<Result> create(std::string_view text);
+
+    // Of the text of `number`, which isn't special and which the text gives back digit by digit.
+    static Ref<Result> create(std::string_view text, Ref<Number> number);
 
     // The value with at most 100 decimals and without trailing zeros; null where there is none.
     const Ref<String>& string() const noexcept { return text; }
@@ -69,7 +73,8 @@ private:
 
     Ref<String> text;
     Ref<String> trimmed;
-    std::optional<Decimal> digits;
+    Ref<Number> number;            // the digits, where they were known with the text
+    std::optional<Decimal> digits; // and where they are parsed from it
     int32_t comparedPlaces = -1;
     uint32_t errorBits = 0;
     TBFEvaluationError stoppedBy = TBFEvaluationErrorNone;

@@ -49,14 +49,19 @@ std::vector<std::string> ResultFormatter::components(Result& result, uint8_t bas
     const M_APM value = result.mapm();
     if (!value) return {};
     const KernelLock lock;
-    Decimal x = Decimal::copyOf(value);
+    M_APM x = value;
+    std::optional<Decimal> rounded;
+    std::optional<Decimal> scaled;
     int32_t exponent = 0;
     int32_t places = decimalPlaces;
     if (base == decimalBase) {
-        if (significantDigits > 0) m_apm_round(x, significantDigits - 1, value);
+        if (significantDigits > 0) {
+            x = rounded.emplace();
+            m_apm_round(x, significantDigits - 1, value);
+        }
         const int32_t scientific = m_apm_exponent(x);
         exponent = shownExponent(scientific);
-        if (exponent != 0) x = scaledDown(x, exponent);
+        if (exponent != 0) x = scaled.emplace(scaledDown(x, exponent));
         if (significantDigits > 0) places = std::max(0, significantDigits - 1 - scientific + exponent);
     }
     // Places are counted in 16 bits.

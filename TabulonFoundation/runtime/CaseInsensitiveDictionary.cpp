@@ -10,7 +10,8 @@ Ref<CaseInsensitiveDictionary> CaseInsensitiveDictionary::create() {
 }
 
 CaseInsensitiveDictionary::Node* CaseInsensitiveDictionary::findNode(const Nodes& nodes,
-                                                                     std::u16string_view key) {
+                                                                     const HashedText& key) {
+    if (nodes.empty()) return nullptr;
     const auto found = nodes.find(key);
     return found != nodes.end() ? found->second : nullptr;
 }
@@ -35,8 +36,8 @@ void CaseInsensitiveDictionary::setItem(void* item, String& key, bool caseSensit
 void CaseInsensitiveDictionary::setItem(void* item, String& key, String& lowercaseKey, bool caseSensitive,
                                         void** replacedOut) {
     const std::lock_guard lock(mutex);
-    Node* node = findNode(caseSensitiveItems, key.view());
-    if (!node) node = findNode(caseInsensitiveItems, lowercaseKey.view());
+    Node* node = findNode(caseSensitiveItems, HashedText(key));
+    if (!node) node = findNode(caseInsensitiveItems, HashedText(lowercaseKey));
     if (!node) {
         if (item) add(item, key, lowercaseKey, caseSensitive);
         return;
@@ -98,16 +99,21 @@ void CaseInsensitiveDictionary::remove(Node& node, String& lowercaseKey) {
     store(last, caseInsensitiveItems, lowercaseKey);
 }
 
-void* CaseInsensitiveDictionary::find(std::u16string_view key, std::u16string_view lowercaseKey,
+void* CaseInsensitiveDictionary::find(const HashedText& key, const HashedText& lowercaseKey,
                                       bool* exactCaseOut) const {
     const Node* node = findNode(caseSensitiveItems, key);
     if (!node) node = findNode(caseInsensitiveItems, lowercaseKey);
-    if (exactCaseOut) *exactCaseOut = node && node->givenKey->view() == key;
+    if (exactCaseOut) *exactCaseOut = node && node->givenKey->view() == key.text;
     return node ? node->item : nullptr;
 }
 
+void* CaseInsensitiveDictionary::find(std::u16string_view key, std::u16string_view lowercaseKey,
+                                      bool* exactCaseOut) const {
+    return find(HashedText(key), HashedText(lowercaseKey), exactCaseOut);
+}
+
 void* CaseInsensitiveDictionary::find(const String& key) const {
-    return find(key.view(), key.lowercase()->view());
+    return find(HashedText(key), HashedText(*key.lowercase()));
 }
 
 int32_t CaseInsensitiveDictionary::count() const noexcept {

@@ -34,6 +34,7 @@ public:
 
     // The item or null. `exactCaseOut`, if not null, tells whether the key is spelled as the entry's was;
     // false if there is none. Allocates nothing.
+    void* find(const HashedText& key, const HashedText& lowercaseKey, bool* exactCaseOut = nullptr) const;
     void* find(std::u16string_view key, std::u16string_view lowercaseKey, bool* exactCaseOut = nullptr) const;
     void* find(const String& key) const;
 
@@ -66,7 +67,7 @@ private:
     CaseInsensitiveDictionary() = default;
     ~CaseInsensitiveDictionary() override = default;
 
-    static Node* findNode(const Nodes& nodes, std::u16string_view key);
+    static Node* findNode(const Nodes& nodes, const HashedText& key);
     static void store(Node& node, Nodes& nodes, String& storedKey);
     static void takeOut(Node& node);
 

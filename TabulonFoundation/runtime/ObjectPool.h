@@ -15,6 +15,7 @@
 #include <memory>
 #include <new>
 #include <utility>
+#include <vector>
 
 namespace TBF {
 
@@ -77,7 +78,9 @@ private:
 
     struct ThreadEnd; // gives the thread's blocks back to the heap
 
-    static constexpr std::size_t indexOf(std::size_t size) { return size == 0 ? 0 : (size - 1) / granularity; }
+    static constexpr std::size_t indexOf(std::size_t size) {
+        return size == 0 ? 0 : (size - 1) / granularity;
+    }
 
     // Makes room in the thread's lists before the first block comes in. False if the list is full, and when
     // the thread is ending.
@@ -109,6 +112,10 @@ public:
         return true;
     }
 };
+
+// For the short lists of one line.
+template <typename T>
+using PooledVector = std::vector<T, PoolAllocator<T>>;
 
 // A shared object in pooled memory.
 template <typename T, typename... Arguments>

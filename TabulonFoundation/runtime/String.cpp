@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
-#include <functional>
+#include <cstring>
 
 namespace TBF {
 
@@ -95,8 +95,19 @@ std::size_t String::hash() const noexcept {
     return value;
 }
 
+// Four code units at a time, each time spread over all bits. Most texts are single words.
 std::size_t String::hashOf(std::u16string_view text) noexcept {
-    const std::size_t value = std::hash<std::u16string_view>()(text);
+    constexpr std::size_t unitsAtATime = sizeof(uint64_t) / sizeof(char16_t);
+    constexpr uint64_t multiplier = 0x9E3779B97F4A7C15;
+    uint64_t value = text.size() * multiplier;
+    while (!text.empty()) {
+        uint64_t part = 0;
+        const std::size_t length = std::min(text.size(), unitsAtATime);
+        std::memcpy(&part, text.data(), length * sizeof(char16_t));
+        text.remove_prefix(length);
+        value = (value ^ part) * multiplier;
+        value ^= value >> 32;
+    }
     return value == 0 ? 1 : value; // 0 stands for a hash not yet known
 }
 

@@ -83,14 +83,28 @@ private:
     mutable std::atomic<std::size_t> cachedHash{0}; // 0 while unknown
 };
 
+// A text with its hash, for a search in several places. Borrows the text.
+struct HashedText {
+    std::u16string_view text;
+    std::size_t hash;
+
+    explicit HashedText(std::u16string_view view) noexcept
+        : text(view)
+        , hash(String::hashOf(view)) {}
+    explicit HashedText(const String& string) noexcept
+        : text(string.view())
+        , hash(string.hash()) {}
+};
+
 // For unordered containers whose keys are strings by content, as in
 // `std::unordered_map<Ref<String>, X, StringContentHash, StringContentEqual>`. They can be searched
-// with a Ref, a handle or a view, without making a String. Null handles are no keys.
+// with a Ref, a handle, a view or a hashed text, without making a String. Null handles are no keys.
 struct StringContentHash {
     using is_transparent = void;
     std::size_t operator()(const Ref<String>& key) const noexcept { return key->hash(); }
     std::size_t operator()(const String* key) const noexcept { return key->hash(); }
     std::size_t operator()(std::u16string_view key) const noexcept { return String::hashOf(key); }
+    std::size_t operator()(const HashedText& key) const noexcept { return key.hash; }
 };
 
 struct StringContentEqual {
@@ -104,6 +118,7 @@ private:
     static std::u16string_view text(const Ref<String>& key) noexcept { return key->view(); }
     static std::u16string_view text(const String* key) noexcept { return key->view(); }
     static std::u16string_view text(std::u16string_view key) noexcept { return key; }
+    static std::u16string_view text(const HashedText& key) noexcept { return key.text; }
 };
 
 } // namespace TBF

@@ -12,11 +12,13 @@ namespace {
 
 // Null for a node without text, which only a token without text gives.
 Ref<ExpressionToken> tokenOf(EPExpressionTreeNode& node) {
+    if (Ref<ExpressionToken> same = node.unchangedToken()) return same;
     Ref<ExpressionToken> token = node.createTokenOfText();
     if (!token) return nullptr;
     token->setType(node.type());
     token->setSubType(node.representedSubType());
     token->setActualSubType(node.subType());
+    if (node.meaning().isEmpty()) return token;
     const WordMeaning& meaning = node.meaning();
     token->setUnitFraction(meaning.unitFraction.get());
     token->setUnitContainer(meaning.unitContainer.get());
@@ -36,7 +38,7 @@ void pass_flatten(PassContext& context) {
         std::size_t next;
     };
     context.output.reserve(context.root().children().size());
-    std::vector<Position> path{{&context.root(), 0}};
+    PooledVector<Position> path{{&context.root(), 0}};
     while (!path.empty()) {
         Position& here = path.back();
         if (here.next == here.group->children().size()) {

@@ -7,7 +7,7 @@ namespace TBF {
 
 void pass_group_brackets(PassContext& context) {
     EPExpressionTreeNode::Children nodes = context.root().takeChildren();
-    std::vector<EPExpressionTreeNode*> open{&context.root()}; // each one stands in the one before
+    PooledVector<EPExpressionTreeNode*> open{&context.root()}; // each one stands in the one before
     for (Ref<EPExpressionTreeNode>& node : nodes) {
         if (node->is(TBFTokenTypeBracket, TBFTokenSubTypeOpenBracket)) {
             Ref<EPExpressionTreeNode> group = EPExpressionTreeNode::create();

@@ -8,7 +8,7 @@ void WordOperatorList::add(Ref<WordOperator> op) {
     operators.insert_or_assign(std::move(word), std::move(op));
 }
 
-WordOperator* WordOperatorList::find(std::u16string_view word) const {
+WordOperator* WordOperatorList::find(const HashedText& word) const {
     const auto found = operators.find(word);
     if (found != operators.end()) return found->second.get();
     return auxiliary ? auxiliary->find(word) : nullptr;

@@ -19,7 +19,8 @@ public:
     void add(Ref<WordOperator> op);
 
     // Null if neither this list nor the auxiliary one has the word. Borrowed.
-    WordOperator* find(std::u16string_view word) const;
+    WordOperator* find(const HashedText& word) const;
+    WordOperator* find(std::u16string_view word) const { return find(HashedText(word)); }
 
     // Searched after this list. Not owned: it has to outlive this list, as the shared list does.
     void setAuxiliaryList(WordOperatorList* list) { auxiliary = list == this ? nullptr : list; }

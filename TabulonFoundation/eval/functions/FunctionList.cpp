@@ -44,20 +44,24 @@ void FunctionList::setParentList(Ref<FunctionList> list) {
     if (list != this) parentList = std::move(list);
 }
 
-FunctionList::Match FunctionList::find(const String& name, const String& lowercaseName,
+FunctionList::Match FunctionList::find(const HashedText& name, const HashedText& lowercaseName,
                                        bool searchParents) const {
     bool isParent = false;
     for (const FunctionList* list = this; list; list = searchParents ? list->parentList.get() : nullptr) {
         for (const CaseInsensitiveDictionary* dictionary : {list->functions.get(), list->aliases.get()}) {
             Match match;
-            match.function =
-                static_cast<Function*>(dictionary->find(name.view(), lowercaseName.view(), &match.exactCase));
+            match.function = static_cast<Function*>(dictionary->find(name, lowercaseName, &match.exactCase));
             match.fromParent = isParent;
             if (match.function) return match;
         }
         isParent = true;
     }
     return {};
+}
+
+FunctionList::Match FunctionList::find(const String& name, const String& lowercaseName,
+                                       bool searchParents) const {
+    return find(HashedText(name), HashedText(lowercaseName), searchParents);
 }
 
 FunctionList::Match FunctionList::find(const String& name) const {

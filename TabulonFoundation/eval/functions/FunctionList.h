@@ -26,6 +26,7 @@ public:
     void setParentList(Ref<FunctionList> list);
 
     // A name beats an alias, and this list its parent.
+    Match find(const HashedText& name, const HashedText& lowercaseName, bool searchParents = true) const;
     Match find(const String& name, const String& lowercaseName, bool searchParents = true) const;
     Match find(const String& name) const;
 

@@ -75,20 +75,24 @@ void VariableList::setParentList(Ref<VariableList> list) {
     if (list != this) parentList = std::move(list);
 }
 
-VariableList::Match VariableList::find(const String& name, const String& lowercaseName,
+VariableList::Match VariableList::find(const HashedText& name, const HashedText& lowercaseName,
                                        bool searchParents) const {
     bool isParent = false;
     for (const VariableList* list = this; list; list = searchParents ? list->parentList.get() : nullptr) {
         for (const CaseInsensitiveDictionary* dictionary : {list->variables.get(), list->aliases.get()}) {
             Match match;
-            match.variable =
-                static_cast<Variable*>(dictionary->find(name.view(), lowercaseName.view(), &match.exactCase));
+            match.variable = static_cast<Variable*>(dictionary->find(name, lowercaseName, &match.exactCase));
             match.fromParent = isParent;
             if (match.variable) return match;
         }
         isParent = true;
     }
     return {};
+}
+
+VariableList::Match VariableList::find(const String& name, const String& lowercaseName,
+                                       bool searchParents) const {
+    return find(HashedText(name), HashedText(lowercaseName), searchParents);
 }
 
 VariableList::Match VariableList::find(const String& name) const {

@@ -28,6 +28,7 @@ public:
     void setParentList(Ref<VariableList> list);
 
     // A name beats an alias, and this list its parent, however the case fits.
+    Match find(const HashedText& name, const HashedText& lowercaseName, bool searchParents = true) const;
     Match find(const String& name, const String& lowercaseName, bool searchParents = true) const;
     Match find(const String& name) const;
 

@@ -2,19 +2,29 @@
 
 namespace mapm {
 
+namespace {
+
+// Takes `count` zeros off the end of x, if it has as many; answers how many it took.
+template <int count>
+int takenOff(Limb& x) {
+    constexpr Limb power = kPowersOfTen[count];
+    if (x % power != 0) return 0;
+    x /= power;
+    return count;
+}
+
+} // namespace
+
 int trailingZeros(Limb x) {
+    // Most whole numbers end in another digit: leave at the first test.
+    if (x % 10 != 0) return 0;
+    // The only limb of a short fraction ends in many zeros: halve the number of those that are left.
     int zeros = 0;
-    // Most numbers end in another digit: leave at the first test.
-    while (x % 10 == 0) {
-        if (x % 100'000'000 == 0) {
-            x /= 100'000'000;
-            zeros += 8;
-        } else {
-            x /= 10;
-            ++zeros;
-        }
-    }
-    return zeros;
+    zeros += takenOff<8>(x);
+    zeros += takenOff<8>(x);
+    zeros += takenOff<4>(x);
+    zeros += takenOff<2>(x);
+    return zeros + takenOff<1>(x);
 }
 
 int compare(const Limb* a, const Limb* b, std::size_t n) {

@@ -35,12 +35,24 @@ public:
 private:
     void load(std::int64_t limb) {
         const std::int64_t index = limb - x_->low;
-        Limb value = x_->sign != 0 && index >= 0 && index < x_->count ? x_->limbs[index] : 0;
-        for (int i = kLimbDigits; i-- > 0;) {
-            digits_[i] = static_cast<char>('0' + value % 10);
+        const Limb value = x_->sign != 0 && index >= 0 && index < x_->count ? x_->limbs[index] : 0;
+        if (value == 0) {
+            std::memset(digits_, '0', sizeof digits_);
+            return;
+        }
+        writeHalf(digits_, static_cast<std::uint32_t>(value / kHalfBase));
+        writeHalf(digits_ + kLimbDigits / 2, static_cast<std::uint32_t>(value % kHalfBase));
+    }
+
+    // Nine digits: the two halves of a limb don't wait for each other's divisions.
+    static void writeHalf(char* out, std::uint32_t value) {
+        for (int i = kLimbDigits / 2; i-- > 0;) {
+            out[i] = static_cast<char>('0' + value % 10);
             value /= 10;
         }
     }
+
+    static constexpr Limb kHalfBase = kPowersOfTen[kLimbDigits / 2];
 
     M_APM_const x_;
     char digits_[kLimbDigits];

@@ -105,9 +105,10 @@ bool TCExpressionClues::standsAt(const TCExpressionClue& clue, std::u16string_vi
     if (clue.place == TCExpressionCluePlaceBeforeDigit)
         return mayStandBefore(clue.text, text.substr(0, index));
     if (clue.place == TCExpressionCluePlaceInAnyCase) return mayBeginWith(text.substr(index), clue.text);
+    const bool isDelimited = clue.place == TCExpressionCluePlaceDelimited;
+    if (isDelimited && (index == 0 || !isDelimiter(text[index - 1]))) return false;
     if (!text.substr(index).starts_with(clue.text)) return false;
-    if (clue.place == TCExpressionCluePlaceAnywhere) return true;
+    if (!isDelimited) return true;
     const std::size_t end = index + clue.text.size();
-    return index > 0 && isDelimiter(text[index - 1]) &&
-           (end == text.size() || isDelimiter(text[end]) || isLineEnd(text[end]));
+    return end == text.size() || isDelimiter(text[end]) || isLineEnd(text[end]);
 }

@@ -65,6 +65,36 @@ constexpr ContextualAnalyzer::Pass passTable[] = {
 };
 static_assert(std::size(passTable) == 18);
 
+// Whether the tokens are a calculation of nothing but numbers, operators and brackets, as most sums are: its
+// tokens mean what they say, and no pass would change any of them. Two numbers without an operator or a
+// bracket between them, and a bracket that closes nothing, are for the passes to judge.
+bool isPlainCalculation(const std::vector<Ref<ExpressionToken>>& tokens) {
+    bool numberWaits = false; // the last number has seen no operator or bracket behind it
+    int32_t depth = 0;
+    for (const Ref<ExpressionToken>& token : tokens) {
+        switch (token->type()) {
+        case TBFTokenTypeNumber:
+            if (numberWaits) return false;
+            numberWaits = true;
+            break;
+        case TBFTokenTypeOperator:
+            numberWaits = false;
+            break;
+        case TBFTokenTypeBracket:
+            numberWaits = false;
+            depth += token->subType() == TBFTokenSubTypeOpenBracket ? 1 : -1;
+            if (depth < 0) return false;
+            break;
+        case TBFTokenTypeWhitespace:
+        case TBFTokenTypeComment:
+            break;
+        default:
+            return false;
+        }
+    }
+    return true;
+}
+
 } // namespace
 
 Ref<ContextualAnalyzer> ContextualAnalyzer::create() {
@@ -81,9 +111,11 @@ std::span<const ContextualAnalyzer::Pass> ContextualAnalyzer::passes() {
 
 std::vector<Ref<ExpressionToken>> ContextualAnalyzer::analyze(const TokenizedExpression& expression,
                                                               int32_t lineIndex) const {
+    const Settings& settings = Settings::current();
+    if (settings.usesNewEvaluatorImpl() && isPlainCalculation(expression.tokens()))
+        return expression.tokens();
     PassContext context{.input = expression.tokens()};
     context.names = names.get();
-    const Settings& settings = Settings::current();
     context.scope = settings.allowsVariableRedefinitions() ? lineIndex : scopeOfLastValue;
     context.usesMatcher = settings.usesNewEvaluatorImpl();
     for (const Pass& pass : passTable) {

@@ -1,5 +1,6 @@
 #include "analysis/ExpressionTokenizer.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <utility>
@@ -109,6 +110,14 @@ void foldTitlesAndComments(TokenList& tokens) {
     tokens = std::move(folded);
 }
 
+// Whether a token can be a mark of a comment or a title at all.
+bool holdsMarks(const TokenList& tokens) {
+    return std::ranges::any_of(tokens, [](const Ref<ExpressionToken>& token) {
+        return token->type() == TBFTokenTypeCommentStart ||
+               (token->type() == TBFTokenTypeWord && token->subType() == TBFTokenSubTypeWordBreaker);
+    });
+}
+
 } // namespace
 
 Ref<ExpressionTokenizer> ExpressionTokenizer::create(TBFLocale locale) {
@@ -120,12 +129,12 @@ ExpressionTokenizer::ExpressionTokenizer(TBFLocale locale)
     , scanner(ExpressionScanner::create(locale)) {}
 
 Ref<TokenizedExpression> ExpressionTokenizer::tokenize(Expression* expression) const {
-    std::vector<Ref<BasicToken>> basicTokens = scanner->scan(expression);
+    auto basicTokens = scanner->scan(expression);
     TokenList tokens;
     tokens.reserve(basicTokens.size());
     for (auto& basicToken : basicTokens)
         tokens.push_back(ExpressionToken::create(std::move(basicToken)));
-    if (commentsEnabled) {
+    if (commentsEnabled && holdsMarks(tokens)) {
         foldInlineComments(tokens);
         foldTitlesAndComments(tokens);
     }

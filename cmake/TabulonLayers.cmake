@@ -16,6 +16,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # GCC 12 sees overlaps in inlined string operations where there are none.
   target_compile_options(tabulon_flags INTERFACE -Wno-restrict)
 endif()
+# No function of the house is replaced at load time, so the compiler may see through its own calls.
+target_compile_options(tabulon_flags INTERFACE -fno-semantic-interposition)
 if(TABULON_WARNINGS_AS_ERRORS)
   target_compile_options(tabulon_flags INTERFACE -Werror)
 endif()

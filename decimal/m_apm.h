@@ -253,6 +253,10 @@ void m_apm_arctanh_mt(M_APM r, int places, M_APM_const a);
 // before it is made. Each is at least the true figure and exceeds it by a few digits at most, but where
 // noted.
 
+// The significant digits of x; exceeds them by less than 36.
+std::int64_t m_apm_digit_bound(M_APM_const x);
+std::int64_t m_apm_digit_bound_mt(M_APM_const x);
+
 // For m_apm_add and m_apm_subtract: grows with the gap between the exponents.
 std::int64_t m_apm_sum_digit_bound(M_APM_const a, M_APM_const b);
 std::int64_t m_apm_sum_digit_bound_mt(M_APM_const a, M_APM_const b);

@@ -157,6 +157,11 @@ int m_apm_exponent_mt(M_APM_const x) {
     return m_apm_exponent(x);
 }
 
+std::int64_t m_apm_digit_bound_mt(M_APM_const x) {
+    const Locked lock(kernelMutex());
+    return m_apm_digit_bound(x);
+}
+
 int m_apm_significant_digits_mt(M_APM_const x) {
     const Locked lock(kernelMutex());
     return m_apm_significant_digits(x);

@@ -71,6 +71,10 @@ int m_apm_is_odd(M_APM_const x) {
     return m_apm_is_even(x) == 0 ? 1 : 0;
 }
 
+std::int64_t m_apm_digit_bound(M_APM_const x) {
+    return x->sign == 0 ? 1 : x->count * kLimbDigits;
+}
+
 std::int64_t m_apm_sum_digit_bound(M_APM_const a, M_APM_const b) {
     if (a->sign == 0) return digitCountOf(b);
     if (b->sign == 0) return digitCountOf(a);

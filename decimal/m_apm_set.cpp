@@ -95,6 +95,35 @@ void packDigits(M_APM r, int sign, const NumberText& text) {
     M_apm_normalize(r);
 }
 
+// Sets r to a number of digits and at most one point that fits a limb, as nearly all texts are. False for any
+// other text.
+bool setShortNumber(M_APM r, int sign, std::string_view text) {
+    Limb value = 0;
+    std::size_t digits = 0;
+    std::size_t decimals = 0;
+    bool hasPoint = false;
+    for (const char c : text) {
+        if (isDigit(c)) {
+            if (++digits > kLimbDigits) return false;
+            value = value * 10 + static_cast<Limb>(c - '0');
+            if (hasPoint) ++decimals;
+        } else if (c == '.' && !hasPoint) {
+            hasPoint = true;
+        } else {
+            return false;
+        }
+    }
+    if (digits == 0) return false;
+    const Limb unit = kPowersOfTen[decimals];
+    r->limbs[0] = value % unit * kPowersOfTen[kLimbDigits - decimals];
+    r->limbs[1] = value / unit;
+    r->count = 2;
+    r->low = -1;
+    r->sign = sign;
+    M_apm_normalize(r);
+    return true;
+}
+
 } // namespace
 
 void m_apm_set_string(M_APM r, const char* text) {
@@ -104,6 +133,7 @@ void m_apm_set_string(M_APM r, const char* text) {
         sign = rest.front() == '-' ? -1 : 1;
         rest.remove_prefix(1);
     }
+    if (setShortNumber(r, sign, rest)) return;
     const NumberText parts = splitNumber(rest);
     if (!allDigits(parts.whole) || !allDigits(parts.fraction)) {
         M_apm_log_error_msg(false, "'m_apm_set_string', Non-digit char found in parse");

@@ -27,7 +27,7 @@ const TCExpressionTokens& TCTokenizedExpression::tokens() {
     return *tokenArray;
 }
 
-const std::vector<TBF::Ref<TBF::ExpressionToken>>& TCTokenizedExpression::tbfExpressionTokens() {
+const TBF::ExpressionTokenList& TCTokenizedExpression::tbfExpressionTokens() {
     if (!isTokenized()) tokenize();
     return expressionTokens;
 }
@@ -82,7 +82,7 @@ void TCTokenizedExpression::tokenize() {
     tokenizer->setEnableComments(parsesComments);
     const auto analyzer = TBF::ContextualAnalyzer::create();
     analyzer->setNamespace(names);
-    expressionTokens = analyzer->analyze(*tokenizer->tokenize(expression->tbfExpression()), 0);
+    expressionTokens = analyzer->analyzeForReading(*tokenizer->tokenize(expression->tbfExpression()), 0);
     tokenArray = parseTBFExpressionTokens(*expression);
     if (variableList) variableListStateIndicator = variableList->stateIndicator();
 }

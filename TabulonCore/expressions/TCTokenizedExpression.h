@@ -4,6 +4,7 @@
 // references reads. They are made when asked for, with the names that are known then, and made again when
 // the list of variables has changed since. Used by one thread at a time.
 
+#include "analysis/ExpressionTokenList.h"
 #include "expressions/TCExpressionToken.h"
 #include "runtime/Ref.h"
 
@@ -27,7 +28,7 @@ public:
     const TCExpressionTokens& tokens();
 
     // The analyzed foundation tokens behind them, in the substituted text.
-    const std::vector<TBF::Ref<TBF::ExpressionToken>>& tbfExpressionTokens();
+    const TBF::ExpressionTokenList& tbfExpressionTokens();
 
     // A different list drops the tokens. All may be null.
     void setVariableList(std::shared_ptr<TCVariableList> variables);
@@ -53,5 +54,5 @@ private:
     std::shared_ptr<TCWordOperatorList> wordOperators;
     bool parsesComments = true;
     std::optional<TCExpressionTokens> tokenArray; // none when stale
-    std::vector<TBF::Ref<TBF::ExpressionToken>> expressionTokens;
+    TBF::ExpressionTokenList expressionTokens;
 };

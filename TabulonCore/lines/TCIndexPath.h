@@ -4,10 +4,10 @@
 // that it enters. One path belongs to one evaluation, on its thread.
 
 #include "lines/TCIndexSet.h"
+#include "runtime/ObjectPool.h"
 
 #include <cstddef>
 #include <optional>
-#include <vector>
 
 class TCIndexPath {
 public:
@@ -22,5 +22,5 @@ public:
     std::size_t count() const { return indexes.size(); }
 
 private:
-    std::vector<TCIndex> indexes;
+    TBF::PooledVector<TCIndex> indexes;
 };

@@ -33,7 +33,7 @@ constexpr char16_t superscriptMinus = u'⁻';
 constexpr std::u16string_view siLetters[] = {u"", u"k", u"M", u"G", u"T", u"P"};
 
 struct Components {
-    std::vector<std::string> texts; // none, the whole number, or mantissa, base and exponent
+    TBF::PooledVector<std::string> texts; // none, the whole number, or mantissa, base and exponent
 
     std::u16string text(std::size_t index) const { return TBF::utf16(texts[index]); }
 };

@@ -1,5 +1,6 @@
 #include "analysis/ContextualAnalyzer.h"
 
+#include "analysis/PlainCalculation.h"
 #include "analysis/passes/AssignUnitRoles.h"
 #include "analysis/passes/BuildTree.h"
 #include "analysis/passes/CheckFactorials.h"
@@ -65,34 +66,8 @@ constexpr ContextualAnalyzer::Pass passTable[] = {
 };
 static_assert(std::size(passTable) == 18);
 
-// Whether the tokens are a calculation of nothing but numbers, operators and brackets, as most sums are: its
-// tokens mean what they say, and no pass would change any of them. Two numbers without an operator or a
-// bracket between them, and a bracket that closes nothing, are for the passes to judge.
-bool isPlainCalculation(const std::vector<Ref<ExpressionToken>>& tokens) {
-    bool numberWaits = false; // the last number has seen no operator or bracket behind it
-    int32_t depth = 0;
-    for (const Ref<ExpressionToken>& token : tokens) {
-        switch (token->type()) {
-        case TBFTokenTypeNumber:
-            if (numberWaits) return false;
-            numberWaits = true;
-            break;
-        case TBFTokenTypeOperator:
-            numberWaits = false;
-            break;
-        case TBFTokenTypeBracket:
-            numberWaits = false;
-            depth += token->subType() == TBFTokenSubTypeOpenBracket ? 1 : -1;
-            if (depth < 0) return false;
-            break;
-        case TBFTokenTypeWhitespace:
-        case TBFTokenTypeComment:
-            break;
-        default:
-            return false;
-        }
-    }
-    return true;
+int32_t scopeOf(int32_t lineIndex, const Settings& settings) {
+    return settings.allowsVariableRedefinitions() ? lineIndex : scopeOfLastValue;
 }
 
 } // namespace
@@ -109,15 +84,29 @@ std::span<const ContextualAnalyzer::Pass> ContextualAnalyzer::passes() {
     return passTable;
 }
 
-std::vector<Ref<ExpressionToken>> ContextualAnalyzer::analyze(const TokenizedExpression& expression,
-                                                              int32_t lineIndex) const {
+ExpressionTokenList ContextualAnalyzer::analyze(const TokenizedExpression& expression,
+                                                int32_t lineIndex) const {
+    return run(expression, lineIndex, Sharing::None);
+}
+
+ExpressionTokenList ContextualAnalyzer::analyzeForReading(const TokenizedExpression& expression,
+                                                          int32_t lineIndex) const {
     const Settings& settings = Settings::current();
-    if (settings.usesNewEvaluatorImpl() && isPlainCalculation(expression.tokens()))
-        return expression.tokens();
+    ExpressionTokenList plain;
+    if (settings.usesNewEvaluatorImpl() &&
+        analyzePlainCalculation(expression.tokens(), names.get(), scopeOf(lineIndex, settings), plain))
+        return plain;
+    return run(expression, lineIndex, Sharing::UnchangedTokens);
+}
+
+ExpressionTokenList ContextualAnalyzer::run(const TokenizedExpression& expression, int32_t lineIndex,
+                                            Sharing sharing) const {
+    const Settings& settings = Settings::current();
     PassContext context{.input = expression.tokens()};
     context.names = names.get();
-    context.scope = settings.allowsVariableRedefinitions() ? lineIndex : scopeOfLastValue;
+    context.scope = scopeOf(lineIndex, settings);
     context.usesMatcher = settings.usesNewEvaluatorImpl();
+    context.sharesTokens = sharing == Sharing::UnchangedTokens;
     for (const Pass& pass : passTable) {
         if (pass.traits == LineTraitAny || context.has(pass.traits)) pass.run(context);
     }

@@ -2,7 +2,7 @@
 
 // Decides what every token of a line means in its place: whether a word is a unit, a variable, a function or
 // text, whether a number counts, whether an operator has operands. It hangs the tokens of a line under a
-// tree, runs a fixed series of passes over it, and makes a list of tokens of the outcome for the parser.
+// tree, runs a fixed series of passes over it, and makes a new list of tokens of the outcome for the parser.
 // Cheap to make; holds nothing between two analyses. One thread at a time.
 
 #include "analysis/ExpressionToken.h"
@@ -24,10 +24,13 @@ public:
     // Null if no word is to mean anything.
     void setNamespace(Ref<Namespace> space);
 
-    // The tokens with their meaning in place. The given ones stay as they are, and stand in the list where
-    // they mean what they meant; the others are new. `lineIndex` is where variables are read if the settings
+    // New tokens; the given ones stay as they are. `lineIndex` is where variables are read if the settings
     // allow to redefine them. Any tokens can be analyzed: what can't be placed is a word.
-    std::vector<Ref<ExpressionToken>> analyze(const TokenizedExpression& expression, int32_t lineIndex) const;
+    ExpressionTokenList analyze(const TokenizedExpression& expression, int32_t lineIndex) const;
+
+    // The same for a caller that only reads the tokens: the given ones stand in the list themselves where
+    // they mean what they meant.
+    ExpressionTokenList analyzeForReading(const TokenizedExpression& expression, int32_t lineIndex) const;
 
     // One step of the analysis.
     struct Pass {
@@ -42,8 +45,12 @@ public:
 private:
     friend class Object<ContextualAnalyzer>;
 
+    enum class Sharing : bool { None = false, UnchangedTokens = true };
+
     ContextualAnalyzer() = default;
     ~ContextualAnalyzer() override = default;
+
+    ExpressionTokenList run(const TokenizedExpression& expression, int32_t lineIndex, Sharing sharing) const;
 
     Ref<Namespace> names;
 };

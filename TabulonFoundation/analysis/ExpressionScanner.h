@@ -19,7 +19,7 @@ public:
     static Ref<ExpressionScanner> create(TBFLocale locale);
 
     // The tokens in the order of the text. A null expression, or one without text, has none.
-    virtual std::vector<Ref<BasicToken>> scan(Expression* expression) const = 0;
+    virtual PooledVector<Ref<BasicToken>> scan(Expression* expression) const = 0;
 
 protected:
     ExpressionScanner() noexcept = default;

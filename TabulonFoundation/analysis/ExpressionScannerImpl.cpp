@@ -44,8 +44,19 @@ constexpr SingleUnitRow operators[] = {
     {u'/', TBFBasicTokenTypeOperator, TBFBasicTokenSubTypeDivide},
 };
 
+// The units of the rows as a set of bits, which all of them fit in.
 template <std::size_t count>
-constexpr const SingleUnitRow* findRow(const SingleUnitRow (&rows)[count], char16_t c) {
+constexpr uint64_t unitsOf(const SingleUnitRow (&rows)[count]) {
+    uint64_t units = 0;
+    for (const SingleUnitRow& row : rows)
+        units |= uint64_t{1} << row.unit;
+    return units;
+}
+
+template <const auto& rows>
+constexpr const SingleUnitRow* findRow(char16_t c) {
+    constexpr uint64_t units = unitsOf(rows);
+    if (c >= 64 || (units >> c & 1) == 0) return nullptr;
     for (const SingleUnitRow& row : rows) {
         if (row.unit == c) return &row;
     }
@@ -74,8 +85,8 @@ ExpressionScannerImpl::ExpressionScannerImpl(const std::set<TBFChar>& wordBreake
     }
 }
 
-std::vector<Ref<BasicToken>> ExpressionScannerImpl::scan(Expression* expression) const {
-    std::vector<Ref<BasicToken>> tokens;
+PooledVector<Ref<BasicToken>> ExpressionScannerImpl::scan(Expression* expression) const {
+    PooledVector<Ref<BasicToken>> tokens;
     if (!expression) return tokens;
     // Words, numbers and the spaces between them are some three units long on the average.
     tokens.reserve(expression->view().size() / 3 + 1);
@@ -106,7 +117,7 @@ ScannedRun ExpressionScannerImpl::scanRun(std::u16string_view text, std::size_t 
     const char16_t c = text[start];
     const char16_t next = unitAt(text, start + 1);
 
-    if (const SingleUnitRow* row = findRow(bracketsAndMarks, c)) return {1, row->type, row->subType};
+    if (const SingleUnitRow* row = findRow<bracketsAndMarks>(c)) return {1, row->type, row->subType};
     if (isWhitespace(c)) {
         std::size_t end = start + 1;
         while (isWhitespace(unitAt(text, end)))
@@ -116,7 +127,7 @@ ScannedRun ExpressionScannerImpl::scanRun(std::u16string_view text, std::size_t 
     if (c == u'0' && (next == u'x' || next == u'b')) return scanPrefixedNumber(text, start);
     if (isNumberChar(c)) return scanDecimalNumber(text, start);
     if (c == u'/' && next == u'/') return {2, TBFBasicTokenTypeOther, TBFBasicTokenSubTypeCommentStart};
-    if (const SingleUnitRow* row = findRow(operators, c)) return {1, row->type, row->subType};
+    if (const SingleUnitRow* row = findRow<operators>(c)) return {1, row->type, row->subType};
     if (c == u'e') return {wordLength(text, start), TBFBasicTokenTypeWord, TBFBasicTokenSubTypeLetterE};
     if (isWordBreaker(c)) return {1, TBFBasicTokenTypeWord, TBFBasicTokenSubTypeWordBreaker};
     return {wordLength(text, start), TBFBasicTokenTypeWord, TBFBasicTokenSubTypeWord};

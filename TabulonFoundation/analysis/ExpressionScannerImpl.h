@@ -23,7 +23,7 @@ class ExpressionScannerImpl final : public ExpressionScanner {
 public:
     static Ref<ExpressionScannerImpl> create(const std::set<TBFChar>& wordBreakers, TBFLocale locale);
 
-    std::vector<Ref<BasicToken>> scan(Expression* expression) const override;
+    PooledVector<Ref<BasicToken>> scan(Expression* expression) const override;
 
     // The next token at `inoutIndex`, which moves behind it. False at the end of the text or without
     // one, with `outToken` null.

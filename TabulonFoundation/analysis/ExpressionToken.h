@@ -6,6 +6,7 @@
 // thread at a time.
 
 #include "analysis/BasicToken.h"
+#include "analysis/ExpressionTokenList.h"
 #include "analysis/TBFTokenTypes.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"

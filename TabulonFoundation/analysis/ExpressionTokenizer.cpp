@@ -13,7 +13,7 @@ namespace TBF {
 
 namespace {
 
-using TokenList = std::vector<Ref<ExpressionToken>>;
+using TokenList = ExpressionTokenList;
 using TokenSpan = std::span<const Ref<ExpressionToken>>;
 
 bool isWordBreaker(const ExpressionToken& token, char16_t c) {

@@ -22,8 +22,8 @@ void TBFExpressionScannerRelease(TBFExpressionScannerRef scanner) {
     if (scanner) scanner->release();
 }
 
-std::vector<TBF::Ref<TBF::BasicToken>> TBFExpressionScannerScanExpression(TBFExpressionScannerRef scanner,
-                                                                          TBFExpressionRef expression) {
+TBF::PooledVector<TBF::Ref<TBF::BasicToken>>
+TBFExpressionScannerScanExpression(TBFExpressionScannerRef scanner, TBFExpressionRef expression) {
     if (!scanner) return {};
     return scanner->scan(expression);
 }

@@ -3,6 +3,7 @@
 // The plain functions over scanners. A null scanner or expression has no tokens.
 
 #include "analysis/TBFBasicToken.h"
+#include "runtime/ObjectPool.h"
 #include "runtime/Ref.h"
 #include "runtime/TBFArray.h"
 
@@ -23,8 +24,8 @@ TBFExpressionScannerRef TBFExpressionScannerCreate();
 TBFExpressionScannerRef TBFExpressionScannerRetain(TBFExpressionScannerRef scanner);
 void TBFExpressionScannerRelease(TBFExpressionScannerRef scanner);
 
-std::vector<TBF::Ref<TBF::BasicToken>> TBFExpressionScannerScanExpression(TBFExpressionScannerRef scanner,
-                                                                          TBFExpressionRef expression);
+TBF::PooledVector<TBF::Ref<TBF::BasicToken>>
+TBFExpressionScannerScanExpression(TBFExpressionScannerRef scanner, TBFExpressionRef expression);
 
 // The same tokens as an array. The caller owns it and a reference to each token.
 TBFArrayRef TBFExpressionScannerGetBasicTokensForExpression(TBFExpressionScannerRef scanner,

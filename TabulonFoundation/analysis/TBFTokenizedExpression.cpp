@@ -2,8 +2,7 @@
 
 #include "analysis/TokenizedExpression.h"
 
-TBFTokenizedExpressionRef
-TBFTokenizedExpressionCreate(const std::vector<TBF::Ref<TBF::ExpressionToken>>& tokens) {
+TBFTokenizedExpressionRef TBFTokenizedExpressionCreate(const TBF::ExpressionTokenList& tokens) {
     return TBF::TokenizedExpression::create(tokens).leak();
 }
 

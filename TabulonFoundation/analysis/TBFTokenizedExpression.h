@@ -2,6 +2,7 @@
 
 // The plain functions over token lists. A null list is harmless.
 
+#include "analysis/ExpressionTokenList.h"
 #include "analysis/TBFExpressionToken.h"
 
 #include <vector>
@@ -12,7 +13,6 @@ class TokenizedExpression;
 using TBFTokenizedExpressionRef = TBF::TokenizedExpression*;
 
 // The caller owns the result, which shares the tokens.
-TBFTokenizedExpressionRef
-TBFTokenizedExpressionCreate(const std::vector<TBF::Ref<TBF::ExpressionToken>>& tokens);
+TBFTokenizedExpressionRef TBFTokenizedExpressionCreate(const TBF::ExpressionTokenList& tokens);
 TBFTokenizedExpressionRef TBFTokenizedExpressionRetain(TBFTokenizedExpressionRef expression);
 void TBFTokenizedExpressionRelease(TBFTokenizedExpressionRef expression);

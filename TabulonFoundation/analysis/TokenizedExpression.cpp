@@ -2,7 +2,7 @@
 
 namespace TBF {
 
-Ref<TokenizedExpression> TokenizedExpression::create(std::vector<Ref<ExpressionToken>> tokens) {
+Ref<TokenizedExpression> TokenizedExpression::create(ExpressionTokenList tokens) {
     return make<TokenizedExpression>(std::move(tokens));
 }
 

@@ -12,17 +12,17 @@ namespace TBF {
 
 class TokenizedExpression final : public Object<TokenizedExpression> {
 public:
-    static Ref<TokenizedExpression> create(std::vector<Ref<ExpressionToken>> tokens);
+    static Ref<TokenizedExpression> create(ExpressionTokenList tokens);
 
-    const std::vector<Ref<ExpressionToken>>& tokens() const noexcept { return list; }
+    const ExpressionTokenList& tokens() const noexcept { return list; }
 
 private:
     friend class Object<TokenizedExpression>;
-    explicit TokenizedExpression(std::vector<Ref<ExpressionToken>> tokens) noexcept
+    explicit TokenizedExpression(ExpressionTokenList tokens) noexcept
         : list(std::move(tokens)) {}
     ~TokenizedExpression() override = default;
 
-    std::vector<Ref<ExpressionToken>> list;
+    ExpressionTokenList list;
 };
 
 } // namespace TBF

@@ -14,6 +14,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <span>
@@ -33,7 +34,8 @@ public:
             return std::pair(a->lineIndex, a) < std::pair(b->lineIndex, b);
         }
     };
-    using Edges = std::map<DependencyGraphNode*, uint32_t, ByIndex>;
+    using Edges = std::map<DependencyGraphNode*, uint32_t, ByIndex,
+                           PoolAllocator<std::pair<DependencyGraphNode* const, uint32_t>>>;
 
     uint32_t index() const { return lineIndex; }
     const Edges& dependencies() const { return uses; }
@@ -125,8 +127,11 @@ private:
     uint32_t typeMaskOf(const Dependency& dependency) const;
     std::vector<DependencyGraphNode*> closure(std::span<const uint32_t> indexes);
 
-    std::map<uint32_t, Ref<DependencyGraphNode>> nodes; // a null node is an index without edges so far
-    std::mutex mutex;                                   // not recursive
+    using Nodes = std::map<uint32_t, Ref<DependencyGraphNode>, std::less<>,
+                           PoolAllocator<std::pair<const uint32_t, Ref<DependencyGraphNode>>>>;
+
+    Nodes nodes;      // a null node is an index without edges so far
+    std::mutex mutex; // not recursive
     DependencyExtents extents;
     uint64_t walkNumber = 0;
 };

@@ -67,7 +67,7 @@ constexpr std::array<OperatorRow, 12> operators = {{
 
 int64_t digitsOf(const EvaluatedNode& node) {
     if (!node.value || node.value->number()->isSpecial()) return 0;
-    return m_apm_significant_digits(node.value->number()->mapmRef());
+    return m_apm_digit_bound(node.value->number()->mapmRef());
 }
 
 // An object of the caller's own with what `metadata` holds; null only for null. Nobody else sees changes.

@@ -73,7 +73,8 @@ private:
     Ref<UnitFractionSimplifier> simplifier;
     Ref<UnitFractionFactorizer> factorizer;
 
-    // Digits of all values in slots. Nested walks add to it; it starts anew with the outermost one.
+    // A bound on the digits of all values in slots. Nested walks add to it; it starts anew with the outermost
+    // one.
     int64_t waitingDigits = 0;
     int32_t depth = 0;
 

@@ -63,8 +63,8 @@ TBF::Result* TBFEvaluatorEvaluateStringInScope(TBFEvaluatorRef evaluator, const 
     return evaluator && string ? evaluator->evaluate(*string, scope).leak() : nullptr;
 }
 
-TBF::Result* TBFEvaluatorEvaluateExpressionTokensInScope(
-    TBFEvaluatorRef evaluator, const std::vector<TBF::Ref<TBF::ExpressionToken>>& tokens, int32_t) {
+TBF::Result* TBFEvaluatorEvaluateExpressionTokensInScope(TBFEvaluatorRef evaluator,
+                                                         const TBF::ExpressionTokenList& tokens, int32_t) {
     return evaluator ? evaluator->evaluate(tokens).leak() : nullptr;
 }
 

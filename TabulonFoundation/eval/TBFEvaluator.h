@@ -3,6 +3,7 @@
 // The plain functions of the evaluator front. Setters ignore a null evaluator, and evaluating with one gives
 // null. An evaluator is used by one thread.
 
+#include "analysis/ExpressionTokenList.h"
 #include "runtime/Ref.h"
 
 #include <cstdint>
@@ -41,8 +42,9 @@ void TBFEvaluatorSetContextInfo(TBFEvaluatorRef evaluator, void* contextInfo);
 TBF::Result* TBFEvaluatorEvaluateString(TBFEvaluatorRef evaluator, const TBF::String* string);
 TBF::Result* TBFEvaluatorEvaluateStringInScope(TBFEvaluatorRef evaluator, const TBF::String* string,
                                                int32_t scope);
-TBF::Result* TBFEvaluatorEvaluateExpressionTokensInScope(
-    TBFEvaluatorRef evaluator, const std::vector<TBF::Ref<TBF::ExpressionToken>>& tokens, int32_t scope);
+TBF::Result* TBFEvaluatorEvaluateExpressionTokensInScope(TBFEvaluatorRef evaluator,
+                                                         const TBF::ExpressionTokenList& tokens,
+                                                         int32_t scope);
 TBF::Result* TBFEvaluatorEvaluateParsedExpressionInScope(TBFEvaluatorRef evaluator,
                                                          const TBF::ParsedExpression* expression,
                                                          int32_t scope);

@@ -48,7 +48,7 @@ Ref<ParsedExpression> ExpressionParser::parse(const TokenizedExpression& tokeniz
 
     const Ref<ContextualAnalyzer> analyzer = ContextualAnalyzer::create();
     analyzer->setNamespace(names);
-    std::vector<Ref<ExpressionToken>> tokens = analyzer->analyze(tokenizedExpression, 0);
+    ExpressionTokenList tokens = analyzer->analyzeForReading(tokenizedExpression, 0);
     ParseResult result = parseExpressionTokens(tokens);
     return ParsedExpression::create(std::move(tokens), std::move(result.tree));
 }

@@ -10,8 +10,11 @@ namespace TBF {
 
 namespace {
 
+// Nodes of an ordinary line.
+constexpr std::size_t usualCount = 16;
+
 // Pushes what is visited below `node`, in the order that leaves the right one on top of the stack.
-void pushChildren(const ExpressionNode& node, PooledVector<ExpressionNode*>& stack) {
+void pushChildren(const ExpressionNode& node, ExpressionTree::Nodes& stack) {
     ExpressionNode::Children below;
     switch (node.type()) {
     case TBFExpressionNodeTypeOperand:
@@ -49,9 +52,12 @@ ExpressionTree::~ExpressionTree() {
 }
 
 // Visits node, right subtree, left subtree, and turns the order around.
-const std::vector<ExpressionNode*>& ExpressionTree::nodesPostOrderDFS() const {
+const ExpressionTree::Nodes& ExpressionTree::nodesPostOrderDFS() const {
     if (!postOrderNodes.empty() || !rootNode) return postOrderNodes;
-    PooledVector<ExpressionNode*> stack{rootNode.get()};
+    postOrderNodes.reserve(usualCount);
+    Nodes stack;
+    stack.reserve(usualCount);
+    stack.push_back(rootNode.get());
     while (!stack.empty()) {
         ExpressionNode* const node = stack.back();
         stack.pop_back();

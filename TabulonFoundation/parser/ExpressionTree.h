@@ -13,6 +13,8 @@ namespace TBF {
 
 class ExpressionTree final : public Object<ExpressionTree> {
 public:
+    using Nodes = PooledVector<ExpressionNode*>;
+
     static Ref<ExpressionTree> create(Ref<ExpressionNode> root);
 
     ExpressionNode* root() const noexcept { return rootNode.get(); }
@@ -20,8 +22,8 @@ public:
     // All nodes, each behind its children: left subtree, right subtree, node. An argument list stands
     // between its elements and its function; the third child of an operator isn't visited. Found on the
     // first call. The nodes are borrowed from the tree.
-    const std::vector<ExpressionNode*>& nodesPostOrderDFS() const;
-    const std::vector<ExpressionNode*>& nodes() const { return nodesPostOrderDFS(); }
+    const Nodes& nodesPostOrderDFS() const;
+    const Nodes& nodes() const { return nodesPostOrderDFS(); }
 
 private:
     friend class Object<ExpressionTree>;
@@ -30,7 +32,7 @@ private:
     ~ExpressionTree() override;
 
     Ref<ExpressionNode> rootNode;
-    mutable std::vector<ExpressionNode*> postOrderNodes; // empty until asked for
+    mutable Nodes postOrderNodes; // empty until asked for
 };
 
 } // namespace TBF

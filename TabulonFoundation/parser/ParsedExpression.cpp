@@ -41,13 +41,11 @@ ShownType shownType(const ExpressionToken& token, const ExpressionNode* node) {
 
 } // namespace
 
-Ref<ParsedExpression> ParsedExpression::create(std::vector<Ref<ExpressionToken>> analyzedTokens,
-                                               Ref<ExpressionTree> tree) {
+Ref<ParsedExpression> ParsedExpression::create(ExpressionTokenList analyzedTokens, Ref<ExpressionTree> tree) {
     return make<ParsedExpression>(std::move(analyzedTokens), std::move(tree));
 }
 
-ParsedExpression::ParsedExpression(std::vector<Ref<ExpressionToken>> analyzedTokens,
-                                   Ref<ExpressionTree> tree) noexcept
+ParsedExpression::ParsedExpression(ExpressionTokenList analyzedTokens, Ref<ExpressionTree> tree) noexcept
     : expressionTokens(std::move(analyzedTokens))
     , expressionTree(std::move(tree)) {}
 

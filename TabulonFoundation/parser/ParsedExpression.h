@@ -4,6 +4,7 @@
 // evaluator takes the tree, colouring the tokens, which are made on first demand. Used by one thread at a
 // time.
 
+#include "analysis/ExpressionTokenList.h"
 #include "parser/ExpressionTree.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
@@ -18,8 +19,7 @@ class Token;
 class ParsedExpression final : public Object<ParsedExpression> {
 public:
     // Keeps the analyzed tokens, which the tree's nodes borrow. The tree may be null.
-    static Ref<ParsedExpression> create(std::vector<Ref<ExpressionToken>> analyzedTokens,
-                                        Ref<ExpressionTree> tree);
+    static Ref<ParsedExpression> create(ExpressionTokenList analyzedTokens, Ref<ExpressionTree> tree);
 
     // Null when parsing gave nothing.
     ExpressionTree* tree() const noexcept { return expressionTree.get(); }
@@ -30,10 +30,10 @@ public:
 
 private:
     friend class Object<ParsedExpression>;
-    ParsedExpression(std::vector<Ref<ExpressionToken>> analyzedTokens, Ref<ExpressionTree> tree) noexcept;
+    ParsedExpression(ExpressionTokenList analyzedTokens, Ref<ExpressionTree> tree) noexcept;
     ~ParsedExpression() override;
 
-    std::vector<Ref<ExpressionToken>> expressionTokens;
+    ExpressionTokenList expressionTokens;
     Ref<ExpressionTree> expressionTree;
     mutable std::vector<Ref<Token>> shownTokens; // empty until asked for
 };

@@ -44,8 +44,8 @@ int32_t ResultFormatter::shownExponent(int32_t scientificExponent) const {
     return scientificExponent - scientificExponent % std::max<int16_t>(1, granularity);
 }
 
-std::vector<std::string> ResultFormatter::components(Result& result, uint8_t base, uint16_t decimalPlaces,
-                                                     uint16_t significantDigits) const {
+PooledVector<std::string> ResultFormatter::components(Result& result, uint8_t base, uint16_t decimalPlaces,
+                                                      uint16_t significantDigits) const {
     const M_APM value = result.mapm();
     if (!value) return {};
     const KernelLock lock;
@@ -73,7 +73,7 @@ std::vector<std::string> ResultFormatter::components(Result& result, uint8_t bas
     }
     if (groups) text = groupedText(text, digitsInGroup, base != decimalBase && writesPrefix);
     if (!keepsTrailingZeros) text = withoutTrailingZeros(std::string_view(text));
-    std::vector<std::string> parts;
+    PooledVector<std::string> parts;
     parts.push_back(std::move(text));
     if (exponent != 0) {
         parts.emplace_back("10");

@@ -52,8 +52,8 @@ public:
 
     // The number; in scientific form the number, "10" and the exponent; nothing without a value. Exactly one
     // of decimal places and significant digits is given, the other one is 0. Bases are 2, 10 and 16.
-    std::vector<std::string> components(Result& result, uint8_t base, uint16_t decimalPlaces,
-                                        uint16_t significantDigits) const;
+    PooledVector<std::string> components(Result& result, uint8_t base, uint16_t decimalPlaces,
+                                         uint16_t significantDigits) const;
 
 private:
     friend class Object<ResultFormatter>;

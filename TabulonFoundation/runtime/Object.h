@@ -8,8 +8,6 @@
 
 #include "runtime/ObjectPool.h"
 
-#include <sys/single_threaded.h>
-
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
@@ -24,12 +22,12 @@ public:
     Object& operator=(const Object&) = delete;
 
     // The count is mutable, so that const objects can be shared.
-    void retain() const noexcept { countBy(1); }
+    void retain() const noexcept { referenceCount.fetch_add(1, std::memory_order_relaxed); }
 
     // Destroys the object when the last reference is gone. The owner of the only one need not count it down:
     // nobody else can retain the object meanwhile.
     void release() const noexcept {
-        if (isUnique() || countBy(-1) <= 1) delete this;
+        if (isUnique() || referenceCount.fetch_sub(1, std::memory_order_acq_rel) <= 1) delete this;
     }
 
     // True if the caller's reference is the only one, so that nobody else can see a change.
@@ -50,14 +48,6 @@ protected:
     virtual ~Object() = default;
 
 private:
-    // The count before. As long as the process has one thread, nobody interferes between reading and writing.
-    int32_t countBy(int32_t change) const noexcept {
-        if (!__libc_single_threaded) return referenceCount.fetch_add(change, std::memory_order_acq_rel);
-        const int32_t count = referenceCount.load(std::memory_order_relaxed);
-        referenceCount.store(count + change, std::memory_order_relaxed);
-        return count;
-    }
-
     mutable std::atomic<int32_t> referenceCount{1};
 };
 

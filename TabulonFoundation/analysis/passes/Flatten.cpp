@@ -11,8 +11,8 @@ namespace TBF {
 namespace {
 
 // Null for a node without text, which only a token without text gives.
-Ref<ExpressionToken> tokenOf(EPExpressionTreeNode& node) {
-    if (Ref<ExpressionToken> same = node.unchangedToken()) return same;
+Ref<ExpressionToken> tokenOf(EPExpressionTreeNode& node, bool sharesTokens) {
+    if (Ref<ExpressionToken> same = sharesTokens ? node.unchangedToken() : nullptr) return same;
     Ref<ExpressionToken> token = node.createTokenOfText();
     if (!token) return nullptr;
     token->setType(node.type());
@@ -48,7 +48,7 @@ void pass_flatten(PassContext& context) {
         EPExpressionTreeNode& node = *here.group->children()[here.next++];
         if (node.is(TBFTokenTypeGroup)) {
             path.push_back({&node, 0});
-        } else if (Ref<ExpressionToken> token = tokenOf(node)) {
+        } else if (Ref<ExpressionToken> token = tokenOf(node, context.sharesTokens)) {
             context.output.push_back(std::move(token));
         }
     }

@@ -1,8 +1,8 @@
 #pragma once
 
-// The last pass of the analyzer: turns the tree back into a list of tokens, one for every node that is no
-// group, with the types and the meaning of the node: the one that came in where nothing has changed, a new
-// one elsewhere. Brackets reappear in their places.
+// The last pass of the analyzer: turns the tree back into a list of tokens, a new one for every node that is
+// no group, with the types and the meaning of the node. Brackets reappear in their places. If tokens are
+// shared, a node that nothing has changed gives the token that it came from.
 
 #include "analysis/passes/PassContext.h"
 

@@ -32,7 +32,7 @@ enum LineTrait : uint32_t {
 
 struct PassContext {
     // The line as it came. Neither the list nor the tokens are changed. Borrowed for the analysis.
-    const std::vector<Ref<ExpressionToken>>& input;
+    const ExpressionTokenList& input;
 
     // May be null: no word means anything then. Borrowed for the analysis.
     const Namespace* names = nullptr;
@@ -43,9 +43,12 @@ struct PassContext {
     // False has signs and units bound by the syntax trees instead of the matcher.
     bool usesMatcher = true;
 
+    // Whether tokens that nothing has changed come out as they are, instead of as new ones.
+    bool sharesTokens = false;
+
     uint32_t traits = 0;
     Ref<EPExpressionTree> tree = EPExpressionTree::create();
-    std::vector<Ref<ExpressionToken>> output = {};
+    ExpressionTokenList output = {};
 
     EPExpressionTreeNode& root() const { return tree->root(); }
     bool has(uint32_t anyOf) const { return (traits & anyOf) != 0; }

@@ -21,6 +21,13 @@ int64_t exponent(M_APM value) {
     return m_apm_exponent(value);
 }
 
+// True for a value that no operation on two of its kind takes anywhere near the budget, which is quickly
+// known.
+bool isModest(M_APM value) {
+    constexpr int64_t most = 100'000;
+    return m_apm_digit_bound(value) <= most && std::abs(exponent(value)) <= most;
+}
+
 bool exponentFits(int64_t scientific) {
     return scientific < maximumDigits && scientific > minimumExponent;
 }
@@ -51,15 +58,17 @@ struct Approximation {
 } // namespace
 
 bool digitsFit(M_APM value) {
+    if (isModest(value)) return true;
     return m_apm_significant_digits(value) <= maximumDigits && exponentFits(m_apm_exponent(value));
 }
 
 bool sumFits(M_APM a, M_APM b) {
+    if (isModest(a) && isModest(b)) return true;
     return m_apm_sum_digit_bound(a, b) <= maximumDigits;
 }
 
 bool productFits(M_APM a, M_APM b) {
-    if (isZero(a) || isZero(b)) return true;
+    if (isZero(a) || isZero(b) || (isModest(a) && isModest(b))) return true;
     return m_apm_product_digit_bound(a, b) <= maximumDigits && exponentFits(exponent(a) + exponent(b));
 }
 

@@ -18,7 +18,7 @@ namespace TBFTests {
 // Shared by all tests, which only read it.
 TBF::Ref<TBF::Namespace> vocabulary();
 
-std::vector<TBF::Ref<TBF::ExpressionToken>> tokensOf(std::string_view line);
+TBF::ExpressionTokenList tokensOf(std::string_view line);
 
 // The dump of the line after the whole analysis.
 std::string analyzed(std::string_view line);

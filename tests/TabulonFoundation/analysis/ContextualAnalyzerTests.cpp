@@ -1,13 +1,14 @@
 #include "analysis/ContextualAnalyzer.h"
 
 #include "analysis/AnalysisVocabulary.h"
-#include "analysis/TokenDump.h"
 #include "analysis/TBFContextualAnalyzer.h"
 #include "analysis/TBFTokenizedExpression.h"
+#include "analysis/TokenDump.h"
 #include "units/TBFUnitTypes.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 namespace TBFTests {
@@ -74,7 +75,7 @@ TEST(ContextualAnalyzer, aJoinedTokenSpansItsGapsAndKnowsItsUnit) {
 TEST(ContextualAnalyzer, withoutANamespaceWordsAreWords) {
     const auto analyzer = TBF::adopt(TBFContextualAnalyzerCreate());
     const auto expression = TBF::TokenizedExpression::create(tokensOf("5 km + 3!"));
-    std::vector<TBF::Ref<TBF::ExpressionToken>> tokens;
+    TBF::ExpressionTokenList tokens;
     for (const auto token :
          TBFContextualAnalyzerAnalyzeTokenizedExpression(analyzer.get(), expression.get(), 0)) {
         tokens.push_back(TBF::adopt(token));
@@ -111,6 +112,31 @@ TEST(ContextualAnalyzer, hostileLinesEndSoon) {
     };
     for (const std::string& line : lines)
         EXPECT_FALSE(analyzed(line).empty());
+}
+
+// Tokens that only a reader sees mean what the steps make of them, also where the given ones serve.
+TEST(ContextualAnalyzer, tokensForReadingAreWhatTheStepsMakeOfThem) {
+    const std::vector<std::string> pieces = {
+        "12",   "3.5",  "0x1F",    "1,000",       " ",    " + ", "-",    "*",    " / ", "(",   ")", "Tax: ",
+        "rate", "x1",   "km2 ",    "sin ",        "min(", "km",  "x",    "RATE", "%",   "e",   "m", "; ",
+        " ",    "// 7", "\"a 5\"", "\x16sin\x17", "the",  "=",   "rate", "sin(", " - ", "2 * "};
+    const auto analyzer = TBF::ContextualAnalyzer::create();
+    analyzer->setNamespace(vocabulary());
+    std::mt19937 random(20261122);
+    std::ptrdiff_t given = 0;
+    for (int i = 0; i < 5000; ++i) {
+        std::string line;
+        for (std::size_t count = random() % 12; count > 0; --count)
+            line += pieces[random() % pieces.size()];
+        const auto tokens = tokensOf(line);
+        const std::string before = dump(tokens);
+        const auto read = analyzer->analyzeForReading(*TBF::TokenizedExpression::create(tokens), 0);
+        EXPECT_EQ(dump(read), analyzedThroughStep(allSteps, line, true)) << line;
+        EXPECT_EQ(dump(tokens), before);
+        for (const auto& token : read)
+            given += std::count(tokens.begin(), tokens.end(), token);
+    }
+    EXPECT_GT(given, 1000);
 }
 
 } // namespace TBFTests

@@ -52,7 +52,7 @@ std::string labelOf(const TBF::ExpressionToken& token) {
 
 } // namespace
 
-std::string dump(const std::vector<TBF::Ref<TBF::ExpressionToken>>& tokens) {
+std::string dump(const TBF::ExpressionTokenList& tokens) {
     std::string text;
     for (const auto& token : tokens) {
         if (token->type() == TBFTokenTypeWhitespace) continue;

@@ -10,6 +10,6 @@
 
 namespace TBFTests {
 
-std::string dump(const std::vector<TBF::Ref<TBF::ExpressionToken>>& tokens);
+std::string dump(const TBF::ExpressionTokenList& tokens);
 
 } // namespace TBFTests

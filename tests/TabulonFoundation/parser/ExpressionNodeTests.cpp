@@ -106,8 +106,8 @@ TEST(ExpressionTree, visits_children_before_their_parents) {
     const auto list = TBFListExpressionNode::create({sum, three});
     const auto root = call(list);
     const auto tree = ExpressionTree::create(root);
-    EXPECT_EQ(tree->nodesPostOrderDFS(), (std::vector<ExpressionNode*>{one.get(), two.get(), sum.get(),
-                                                                       three.get(), list.get(), root.get()}));
+    EXPECT_EQ(tree->nodesPostOrderDFS(),
+              (ExpressionTree::Nodes{one.get(), two.get(), sum.get(), three.get(), list.get(), root.get()}));
     EXPECT_EQ(ExpressionTree::create(nullptr)->nodes().size(), 0u);
 }
 

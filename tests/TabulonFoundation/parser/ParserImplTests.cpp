@@ -210,8 +210,8 @@ TEST(ParserImpl, nesting_is_not_bound_by_the_stack) {
     // The same tokens over and over: the parser only reads them.
     const auto nested = [](std::string_view repeatedPiece, std::string_view inside,
                            std::string_view closingPiece = "") {
-        std::vector<Ref<ExpressionToken>> tokens;
-        const auto append = [&tokens](const std::vector<Ref<ExpressionToken>>& more) {
+        ExpressionTokenList tokens;
+        const auto append = [&tokens](const ExpressionTokenList& more) {
             tokens.insert(tokens.end(), more.begin(), more.end());
         };
         const auto opening = tokensInNotation(repeatedPiece);

@@ -142,8 +142,8 @@ Ref<ExpressionToken> tokenForPiece(std::string_view piece) {
 
 } // namespace
 
-std::vector<Ref<ExpressionToken>> tokensInNotation(std::string_view notation) {
-    std::vector<Ref<ExpressionToken>> tokens;
+ExpressionTokenList tokensInNotation(std::string_view notation) {
+    ExpressionTokenList tokens;
     while (!notation.empty()) {
         const std::string_view piece = notation.substr(0, notation.find(' '));
         notation.remove_prefix(std::min(piece.size() + 1, notation.size()));
@@ -152,7 +152,7 @@ std::vector<Ref<ExpressionToken>> tokensInNotation(std::string_view notation) {
     return tokens;
 }
 
-std::string printedTree(const std::vector<Ref<ExpressionToken>>& tokens) {
+std::string printedTree(const ExpressionTokenList& tokens) {
     const ParseResult result = parseExpressionTokens(tokens);
     if (result.error != TBFParserErrorNone) return result.tree ? "error with a tree" : "error";
     return result.tree ? ExpressionNodeTreePrinter::create(retain(result.tree->root()))->string() : "";

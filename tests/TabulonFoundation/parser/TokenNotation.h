@@ -13,10 +13,10 @@
 
 namespace TBFTests {
 
-std::vector<TBF::Ref<TBF::ExpressionToken>> tokensInNotation(std::string_view notation);
+TBF::ExpressionTokenList tokensInNotation(std::string_view notation);
 
 // The printed tree; "" without a tree, "error" after an error.
 std::string printedTree(std::string_view notation);
-std::string printedTree(const std::vector<TBF::Ref<TBF::ExpressionToken>>& tokens);
+std::string printedTree(const TBF::ExpressionTokenList& tokens);
 
 } // namespace TBFTests

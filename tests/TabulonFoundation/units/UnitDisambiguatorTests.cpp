@@ -91,7 +91,7 @@ private:
     }
 
     std::istringstream words;
-    std::vector<Ref<ExpressionToken>> tokens;
+    ExpressionTokenList tokens;
     std::vector<const ExpressionNode*> ambiguousNodes;
 };
 

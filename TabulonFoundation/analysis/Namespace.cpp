@@ -162,9 +162,7 @@ TBFNamespaceType Namespace::lookUp(std::span<const std::u16string_view> words, i
 bool Namespace::mayBeginLongerName(std::u16string_view word) const {
     if (!units) return false;
     const LowercaseWords lowercaseWord(std::span(&word, 1));
-    bool hasLongerNames = false;
-    units->searchIndex().findLowercase(lowercaseWord.views(), &hasLongerNames);
-    return hasLongerNames;
+    return units->searchIndex().beginsLongerName(lowercaseWord.views().front());
 }
 
 } // namespace TBF

@@ -114,11 +114,12 @@ UnitCollection::SearchResults UnitCollection::findUnitsMatchingWords(Words words
                                                                      bool* exactMatch) const {
     SearchResults exact;
     SearchResults insensitive;
-    for (UnitSearchIndex::Result& result : index->findLowercase(lowercaseWords, hasLongerNames)) {
+    const auto sort = [&](const UnitSearchIndex::Result& result) {
         const bool isExact = result.hasWords(words);
-        if (!isExact && result.isCaseSensitive) continue;
-        (isExact ? exact : insensitive).push_back({std::move(result.unit), result.formatType});
-    }
+        if (!isExact && result.isCaseSensitive) return;
+        (isExact ? exact : insensitive).push_back({result.unit, result.formatType});
+    };
+    index->visitLowercase(lowercaseWords, hasLongerNames, sort);
     const bool hasExact = !exact.empty();
     if (exactMatch) *exactMatch = hasExact;
     return hasExact ? exact : insensitive;

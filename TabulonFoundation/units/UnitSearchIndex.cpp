@@ -65,7 +65,7 @@ std::size_t UnitSearchIndex::EdgeHash::operator()(const EdgeKey& key) const noex
 }
 
 std::size_t UnitSearchIndex::EdgeHash::operator()(const EdgeProbe& key) const noexcept {
-    return String::hashOf(key.word) ^ (std::size_t{key.from} * 0x9E3779B97F4A7C15);
+    return key.wordHash ^ (std::size_t{key.from} * 0x9E3779B97F4A7C15);
 }
 
 bool UnitSearchIndex::Result::hasWords(Words words) const {
@@ -78,7 +78,8 @@ bool UnitSearchIndex::Result::hasWords(Words words) const {
 }
 
 UnitSearchIndex::UnitSearchIndex()
-    : nodes(1) {}
+    : nodes(1)
+    , edgeFilter(filterBits) {}
 
 UnitSearchIndex::~UnitSearchIndex() = default;
 
@@ -186,18 +187,25 @@ std::vector<UnitSearchIndex::Result> UnitSearchIndex::find(Words words, bool* ha
 
 std::vector<UnitSearchIndex::Result> UnitSearchIndex::findLowercase(Words lowercaseWords,
                                                                     bool* hasLongerNames) const {
-    if (lowercaseWords.empty()) return {};
+    std::vector<Result> results;
+    visitLowercase(lowercaseWords, hasLongerNames,
+                   [&results](const Result& result) { results.push_back(result); });
+    return results;
+}
+
+bool UnitSearchIndex::beginsLongerName(std::u16string_view lowercaseWord) const {
     const std::shared_lock guard(lock);
-    Index node = root;
+    const Index node = child(root, lowercaseWord);
+    return node != none && nodes[node].subtreeCount != 0;
+}
+
+UnitSearchIndex::Index UnitSearchIndex::nodeOfWords(Words lowercaseWords) const {
+    Index node = lowercaseWords.empty() ? none : root;
     for (const std::u16string_view word : lowercaseWords) {
         node = child(node, word);
-        if (node == none) return {};
+        if (node == none) break;
     }
-    if (hasLongerNames) *hasLongerNames = nodes[node].subtreeCount != 0;
-    std::vector<Result> results;
-    for (Index i = nodes[node].firstEntry; i != none; i = entries[i].next)
-        results.push_back(entries[i].result);
-    return results;
+    return node;
 }
 
 int32_t UnitSearchIndex::size() const {
@@ -206,14 +214,18 @@ int32_t UnitSearchIndex::size() const {
 }
 
 UnitSearchIndex::Index UnitSearchIndex::child(Index node, std::u16string_view lowercaseWord) const {
-    const auto edge = edges.find(EdgeProbe{node, lowercaseWord});
+    const EdgeProbe probe{node, lowercaseWord, String::hashOf(lowercaseWord)};
+    if (!edgeFilter[EdgeHash()(probe) % filterBits]) return none;
+    const auto edge = edges.find(probe);
     return edge == edges.end() ? none : edge->second;
 }
 
 UnitSearchIndex::Index UnitSearchIndex::makeChild(Index node, Ref<String> lowercaseWord) {
     const auto made = static_cast<Index>(nodes.size());
     nodes.push_back({node, none, none, 0});
-    edges.emplace(EdgeKey{node, std::move(lowercaseWord)}, made);
+    EdgeKey key{node, std::move(lowercaseWord)};
+    edgeFilter[EdgeHash()(key) % filterBits] = true;
+    edges.emplace(std::move(key), made);
     return made;
 }
 

@@ -51,6 +51,20 @@ public:
     std::vector<Result> find(Words words, bool* hasLongerNames) const;
     std::vector<Result> findLowercase(Words lowercaseWords, bool* hasLongerNames) const;
 
+    // The same without a list: sends each result to `visit`, which must not change the index.
+    template <typename Visit>
+    void visitLowercase(Words lowercaseWords, bool* hasLongerNames, Visit visit) const {
+        const std::shared_lock guard(lock);
+        const Index node = nodeOfWords(lowercaseWords);
+        if (node == none) return;
+        if (hasLongerNames) *hasLongerNames = nodes[node].subtreeCount != 0;
+        for (Index i = nodes[node].firstEntry; i != none; i = entries[i].next)
+            visit(entries[i].result);
+    }
+
+    // Whether a name of several words begins with the word.
+    bool beginsLongerName(std::u16string_view lowercaseWord) const;
+
     // The number of results in the index.
     int32_t size() const;
 
@@ -84,6 +98,7 @@ private:
     struct EdgeProbe {
         Index from;
         std::u16string_view word;
+        std::size_t wordHash;
     };
     struct EdgeHash {
         using is_transparent = void;
@@ -108,6 +123,7 @@ private:
     void add(UnitContainer& unit);
     void addResult(Index node, Result result);
     void removeResults(Index node, const UnitContainer& unit);
+    Index nodeOfWords(Words lowercaseWords) const; // `none` for no words as well
     Index child(Index node, std::u16string_view lowercaseWord) const;
     Index makeChild(Index node, Ref<String> lowercaseWord);
     Index nodeOfName(std::u16string_view name) const;
@@ -118,6 +134,11 @@ private:
     std::vector<Node> nodes;
     std::vector<Entry> entries;
     Index firstFreeEntry = none;
+
+    // A bit for the hash of every edge, at a few bits of it. Most words of a line are no unit's, which the
+    // bits tell without a walk through the table.
+    static constexpr std::size_t filterBits = std::size_t{1} << 16;
+    std::vector<bool> edgeFilter;
     std::unordered_map<EdgeKey, Index, EdgeHash, EdgeEqual> edges;
 };
 

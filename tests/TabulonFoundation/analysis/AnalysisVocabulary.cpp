@@ -96,7 +96,7 @@ Ref<TBF::Namespace> vocabulary() {
     return names;
 }
 
-std::vector<Ref<TBF::ExpressionToken>> tokensOf(std::string_view line) {
+TBF::ExpressionTokenList tokensOf(std::string_view line) {
     const auto expression = TBF::Expression::create(String::createWithUTF8(line).get());
     return TBF::ExpressionTokenizer::create(kTBFLocaleDefault)->tokenize(expression.get())->tokens();
 }

@@ -64,8 +64,9 @@ inline std::string letterOf(const TBF::ExpressionToken& token) {
     }
 }
 
-template <typename T>
-std::string textOf(const std::vector<TBF::Ref<T>>& tokens) {
+// Of a list of references to tokens of either kind.
+template <typename Tokens>
+std::string textOf(const Tokens& tokens) {
     std::string text;
     for (const auto& token : tokens)
         text += letterOf(*token) + "[" + TBF::utf8(token->view()) + "]";

@@ -103,7 +103,8 @@ TEST(ExpressionToken, decimalStringHasNoTraceOfLocaleOrPrefix) {
 TEST(ExpressionToken, aNumberJoinedOverSpacesReadsAsOne) {
     const auto expression = TBF::Expression::create(u"1 000");
     const auto basicTokens = TBF::ExpressionScanner::create()->scan(expression.get());
-    const auto token = TBF::adopt(TBFExpressionTokenCreateWithBasicTokenVector(basicTokens));
+    const std::vector<TBF::Ref<TBF::BasicToken>> joined(basicTokens.begin(), basicTokens.end());
+    const auto token = TBF::adopt(TBFExpressionTokenCreateWithBasicTokenVector(joined));
     EXPECT_EQ(token->type(), TBFTokenTypeNumber);
     EXPECT_EQ(token->range(), (TBFRange{0, 5}));
     EXPECT_EQ(TBFStringGetCppString(TBFExpressionTokenGetDecimalStringReference(token.get())), "1000");

@@ -91,7 +91,7 @@ private:
     }
 
     std::istringstream words;
-    ExpressionTokenList tokens;
+    TBF::ExpressionTokenList tokens;
     std::vector<const ExpressionNode*> ambiguousNodes;
 };
 

@@ -9,7 +9,7 @@
 #include <optional>
 
 void TCLineEvaluator::evaluateLine(TCLine& line) {
-    const auto expression = line.evaluableExpression();
+    const auto& expression = line.evaluableExpression();
     if (!expression || line.lineType() == TCLineTypePlainText) {
         line.setResult(TCResult::emptyResult());
         return;

@@ -3,7 +3,6 @@
 #include "environment/TCEnvironment.h"
 #include "expressions/TCExpression.h"
 #include "expressions/TCParsedExpression.h"
-#include "expressions/TCTokenizedExpression.h"
 #include "expressions/TCTokenizedExpressionBackedParsedExpression.h"
 #include "lines/TCLine.h"
 #include "runtime/ObjectPool.h"
@@ -53,17 +52,7 @@ TCExpressionParser::~TCExpressionParser() = default;
 
 std::shared_ptr<TCParsedExpression>
 TCExpressionParser::parseExpression(const std::shared_ptr<TCExpression>& expression) const {
-    std::shared_ptr<TCTokenizedExpression> tokenized;
-    if (expression) {
-        tokenized = TBF::makeShared<TCTokenizedExpression>(expression);
-        tokenized->setEnableCommentParsing(parsesComments);
-        if (names) {
-            tokenized->setVariableList(names->variables());
-            tokenized->setUnitManager(names->unitManager());
-            tokenized->setWordOperators(names->wordOperators());
-        }
-    }
-    return TBF::makeShared<TCTokenizedExpressionBackedParsedExpression>(expression, std::move(tokenized));
+    return TBF::makeShared<TCTokenizedExpressionBackedParsedExpression>(expression, names, parsesComments);
 }
 
 TCExpressionParser::Token

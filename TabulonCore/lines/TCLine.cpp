@@ -229,7 +229,7 @@ void TCLine::unparse() {
 }
 
 bool TCLine::isParsed() const {
-    return parsedExpression() != nullptr;
+    return analysedForm && analysedForm->parsedExpression();
 }
 
 std::shared_ptr<TCParsedExpression> TCLine::parsedExpression() const {
@@ -240,16 +240,18 @@ std::shared_ptr<TCParsedExpression> TCLine::evaluableParsedExpression() const {
     return analysedForm ? analysedForm->evaluableParsedExpression() : nullptr;
 }
 
-std::shared_ptr<TCExpression> TCLine::evaluableExpression() const {
-    return analysedForm ? analysedForm->evaluableExpression() : nullptr;
+const std::shared_ptr<TCExpression>& TCLine::evaluableExpression() const {
+    static const std::shared_ptr<TCExpression> none;
+    return analysedForm ? analysedForm->evaluableExpression() : none;
 }
 
 std::shared_ptr<TCSimpleTokenizedExpression> TCLine::simpleTokenizedExpression() const {
     return analysedForm ? analysedForm->tokenizedExpression() : nullptr;
 }
 
-std::shared_ptr<TCSimpleTokenizedExpression> TCLine::tokenizedEvaluableExpression() const {
-    return analysedForm ? analysedForm->tokenizedEvaluableExpression() : nullptr;
+const std::shared_ptr<TCSimpleTokenizedExpression>& TCLine::tokenizedEvaluableExpression() const {
+    static const std::shared_ptr<TCSimpleTokenizedExpression> none;
+    return analysedForm ? analysedForm->tokenizedEvaluableExpression() : none;
 }
 
 std::shared_ptr<TCLineVariableDeclaration> TCLine::variableDeclaration() const {
@@ -272,7 +274,7 @@ const std::optional<TCLine::References>& TCLine::lineReferences() const {
     if (referencesKnown || !isParsed()) return references;
     referencesKnown = true;
     references.reset();
-    const std::shared_ptr<TCExpression> evaluable = evaluableExpression();
+    const std::shared_ptr<TCExpression>& evaluable = evaluableExpression();
     if (!evaluable || evaluable->stringForEvaluation().find(referenceFunctionPrefix) == std::u16string::npos)
         return references;
     if (!readPlainReferences()) readReferencesOfTokens();
@@ -281,7 +283,7 @@ const std::optional<TCLine::References>& TCLine::lineReferences() const {
 
 bool TCLine::readPlainReferences() const {
     const TCLineCollection* const collection = _lineCollection();
-    const auto tokens = tokenizedEvaluableExpression();
+    const auto& tokens = tokenizedEvaluableExpression();
     if (!tokens || !collection) return false;
     const auto found = TCPlainLineReferences(*tokens, collection->variables().get());
     if (!found) return false;

@@ -92,15 +92,16 @@ public:
     // Drops the answer and analyses the same text anew.
     void clearCaches();
 
-    // The analysed form. It is made when the text changes, and parsed by the collection.
+    // The analysed form. It is made when the text changes, and parsed by the collection. What is lent by
+    // reference is lent until the next change of the text.
     const std::shared_ptr<TCAbstractLineExpression>& lineExpression() const { return analysedForm; }
     void unparse();
     bool isParsed() const;
     std::shared_ptr<TCParsedExpression> parsedExpression() const;
     std::shared_ptr<TCParsedExpression> evaluableParsedExpression() const;
-    std::shared_ptr<TCExpression> evaluableExpression() const;
+    const std::shared_ptr<TCExpression>& evaluableExpression() const;
     std::shared_ptr<TCSimpleTokenizedExpression> simpleTokenizedExpression() const;
-    std::shared_ptr<TCSimpleTokenizedExpression> tokenizedEvaluableExpression() const;
+    const std::shared_ptr<TCSimpleTokenizedExpression>& tokenizedEvaluableExpression() const;
     std::shared_ptr<TCLineVariableDeclaration> variableDeclaration() const;
     std::shared_ptr<TCTokenizedExpression> tokenizedExpression() const;
     int32_t lineType() const; // a TCLineType

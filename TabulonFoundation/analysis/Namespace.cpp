@@ -118,7 +118,7 @@ void Namespace::setWordOperatorList(Ref<WordOperatorList> list) {
 }
 
 TBFNamespaceType Namespace::lookUp(std::span<const std::u16string_view> words, int32_t scope,
-                                   WordMeaning& meaning) const {
+                                   WordMeaning& meaning, bool mayBeUnit) const {
     if (words.empty()) return TBFNamespaceTypeNone;
     const LowercaseWords lowercaseWords(words);
     Claims claims;
@@ -145,7 +145,7 @@ TBFNamespaceType Namespace::lookUp(std::span<const std::u16string_view> words, i
             claims.wordOperator = meaning.wordOperator != nullptr;
         }
     }
-    if (units) {
+    if (units && mayBeUnit) {
         bool isExact = false;
         UnitCollection::SearchResults results =
             units->findUnitsMatchingWords(words, lowercaseWords.views(), nullptr, &isExact);
@@ -159,10 +159,11 @@ TBFNamespaceType Namespace::lookUp(std::span<const std::u16string_view> words, i
     return answer;
 }
 
-bool Namespace::mayBeginLongerName(std::u16string_view word) const {
+bool Namespace::mayBeginLongerName(std::u16string_view word, bool* mayBeUnit) const {
+    if (mayBeUnit) *mayBeUnit = false;
     if (!units) return false;
     const LowercaseWords lowercaseWord(std::span(&word, 1));
-    return units->searchIndex().beginsLongerName(lowercaseWord.views().front());
+    return units->searchIndex().beginsLongerName(lowercaseWord.views().front(), mayBeUnit);
 }
 
 } // namespace TBF

@@ -34,11 +34,13 @@ public:
     // What the words mean together; several words can only be a unit. `meaning`, which comes empty,
     // receives everything that was found, not only what the answer names, and stays empty if the answer
     // is None. Variables are taken as they read at the line `scope`.
-    TBFNamespaceType lookUp(std::span<const std::u16string_view> words, int32_t scope,
-                            WordMeaning& meaning) const;
+    // `mayBeUnit` is false if the caller knows that they are no unit's name.
+    TBFNamespaceType lookUp(std::span<const std::u16string_view> words, int32_t scope, WordMeaning& meaning,
+                            bool mayBeUnit = true) const;
 
-    // False if no name of several words begins with `word`, in any case.
-    bool mayBeginLongerName(std::u16string_view word) const;
+    // False if no name of several words begins with `word`, in any case. `*mayBeUnit` tells whether any
+    // unit's name begins with it, and may be null.
+    bool mayBeginLongerName(std::u16string_view word, bool* mayBeUnit = nullptr) const;
 
 private:
     friend class Object<Namespace>;

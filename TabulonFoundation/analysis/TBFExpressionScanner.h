@@ -8,7 +8,6 @@
 #include "runtime/TBFArray.h"
 
 #include <set>
-#include <vector>
 
 namespace TBF {
 class ExpressionScanner;

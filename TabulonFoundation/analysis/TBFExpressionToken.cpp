@@ -13,8 +13,8 @@ TBFExpressionTokenRef TBFExpressionTokenCreateWithBasicToken(TBFBasicTokenRef to
 }
 
 TBFExpressionTokenRef
-TBFExpressionTokenCreateWithBasicTokenVector(const std::vector<TBF::Ref<TBF::BasicToken>>& tokens) {
-    return TBF::ExpressionToken::create(tokens).leak();
+TBFExpressionTokenCreateWithBasicTokenVector(std::span<const TBF::Ref<TBF::BasicToken>> tokens) {
+    return TBF::ExpressionToken::create({tokens.begin(), tokens.end()}).leak();
 }
 
 TBFExpressionTokenRef TBFExpressionTokenRetain(TBFExpressionTokenRef token) {

@@ -11,7 +11,6 @@
 #include "runtime/TBFTypes.h"
 
 #include <span>
-#include <vector>
 
 namespace TBF {
 class AmbiguousUnit;
@@ -29,7 +28,7 @@ TBFExpressionTokenRef TBFExpressionTokenCreateWithString(TBFStringRef string, to
                                                          TBFTokenSubType subType);
 TBFExpressionTokenRef TBFExpressionTokenCreateWithBasicToken(TBFBasicTokenRef token);
 TBFExpressionTokenRef
-TBFExpressionTokenCreateWithBasicTokenVector(const std::vector<TBF::Ref<TBF::BasicToken>>& tokens);
+TBFExpressionTokenCreateWithBasicTokenVector(std::span<const TBF::Ref<TBF::BasicToken>> tokens);
 TBFExpressionTokenRef TBFExpressionTokenRetain(TBFExpressionTokenRef token);
 void TBFExpressionTokenRelease(TBFExpressionTokenRef token);
 

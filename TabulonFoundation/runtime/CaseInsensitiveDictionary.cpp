@@ -10,8 +10,8 @@ Ref<CaseInsensitiveDictionary> CaseInsensitiveDictionary::create() {
 }
 
 CaseInsensitiveDictionary::Node* CaseInsensitiveDictionary::findNode(const Nodes& nodes,
-                                                                     const HashedText& key) {
-    if (nodes.empty()) return nullptr;
+                                                                     const HashedText& key) const {
+    if (!storedKeys.mayHold(key.hash)) return nullptr;
     const auto found = nodes.find(key);
     return found != nodes.end() ? found->second : nullptr;
 }
@@ -19,6 +19,7 @@ CaseInsensitiveDictionary::Node* CaseInsensitiveDictionary::findNode(const Nodes
 void CaseInsensitiveDictionary::store(Node& node, Nodes& nodes, String& storedKey) {
     node.storedKey = TBF::retain(&storedKey);
     node.storedDictionary = &nodes;
+    storedKeys.add(storedKey.hash());
     nodes.insert_or_assign(node.storedKey, &node);
 }
 
@@ -139,6 +140,7 @@ void CaseInsensitiveDictionary::apply(void (*function)(void* item)) const {
 
 void CaseInsensitiveDictionary::removeAll() {
     const std::lock_guard lock(mutex);
+    storedKeys.clear();
     caseSensitiveItems.clear();
     caseInsensitiveItems.clear();
     itemsByLowercaseKey.clear();

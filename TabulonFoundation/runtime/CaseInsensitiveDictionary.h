@@ -67,14 +67,15 @@ private:
     CaseInsensitiveDictionary() = default;
     ~CaseInsensitiveDictionary() override = default;
 
-    static Node* findNode(const Nodes& nodes, const HashedText& key);
-    static void store(Node& node, Nodes& nodes, String& storedKey);
+    Node* findNode(const Nodes& nodes, const HashedText& key) const;
+    void store(Node& node, Nodes& nodes, String& storedKey);
     static void takeOut(Node& node);
 
     void add(void* item, String& key, String& lowercaseKey, bool caseSensitive);
     void addSecondSpelling(Node& first, void* item, String& key, String& lowercaseKey, bool caseSensitive);
     void remove(Node& node, String& lowercaseKey);
 
+    HashFilter storedKeys;      // of both
     Nodes caseSensitiveItems;   // found by their exact key
     Nodes caseInsensitiveItems; // found by any casing, stored under the lowercase key
 

@@ -8,6 +8,7 @@
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 
+#include <array>
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
@@ -94,6 +95,21 @@ struct HashedText {
     explicit HashedText(const String& string) noexcept
         : text(string.view())
         , hash(string.hash()) {}
+};
+
+// Tells of most texts that aren't in a set that they aren't, by one bit of their hashes. Texts stay in it.
+class HashFilter {
+public:
+    void add(std::size_t hash) noexcept { words[indexOf(hash)] |= bitOf(hash); }
+    bool mayHold(std::size_t hash) const noexcept { return (words[indexOf(hash)] & bitOf(hash)) != 0; }
+    void clear() noexcept { words = {}; }
+
+private:
+    static constexpr std::size_t count = 16; // words of 64 bits
+    static constexpr std::size_t indexOf(std::size_t hash) { return hash / 64 % count; }
+    static constexpr uint64_t bitOf(std::size_t hash) { return uint64_t{1} << (hash % 64); }
+
+    std::array<uint64_t, count> words{};
 };
 
 // For unordered containers whose keys are strings by content, as in

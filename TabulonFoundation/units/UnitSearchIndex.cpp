@@ -193,9 +193,10 @@ std::vector<UnitSearchIndex::Result> UnitSearchIndex::findLowercase(Words lowerc
     return results;
 }
 
-bool UnitSearchIndex::beginsLongerName(std::u16string_view lowercaseWord) const {
+bool UnitSearchIndex::beginsLongerName(std::u16string_view lowercaseWord, bool* beginsName) const {
     const std::shared_lock guard(lock);
     const Index node = child(root, lowercaseWord);
+    if (beginsName) *beginsName = node != none;
     return node != none && nodes[node].subtreeCount != 0;
 }
 

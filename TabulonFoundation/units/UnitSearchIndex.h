@@ -62,8 +62,9 @@ public:
             visit(entries[i].result);
     }
 
-    // Whether a name of several words begins with the word.
-    bool beginsLongerName(std::u16string_view lowercaseWord) const;
+    // Whether a name of several words begins with the word. `*beginsName`, if not null, tells whether any
+    // name does.
+    bool beginsLongerName(std::u16string_view lowercaseWord, bool* beginsName) const;
 
     // The number of results in the index.
     int32_t size() const;

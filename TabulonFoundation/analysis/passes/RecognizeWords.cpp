@@ -176,15 +176,17 @@ private:
         std::size_t length = run.length;
         // Most words begin no longer name, which is quickly known.
         const std::size_t firstWord = lengthOfFirstWord(nodes, run);
+        bool mayBeUnit = true;
         if (length > firstWord &&
-            !context.names->mayBeginLongerName(RunWords(nodes, run, firstWord).views().front())) {
+            !context.names->mayBeginLongerName(RunWords(nodes, run, firstWord).views().front(), &mayBeUnit)) {
             length = firstWord;
         }
         for (; length > 0; --length) {
             if (nodes[run.start + length - 1]->isGap()) continue;
             WordMeaning meaning;
             const RunWords words(nodes, run, length);
-            const TBFNamespaceType type = context.names->lookUp(words.views(), context.scope, meaning);
+            const TBFNamespaceType type =
+                context.names->lookUp(words.views(), context.scope, meaning, mayBeUnit || length < firstWord);
             if (type == TBFNamespaceTypeNone) continue;
             if (type == TBFNamespaceTypeWordOperator && !acceptWordOperators) continue;
             Ref<EPExpressionTreeNode> node = takeBeginning(nodes, run.start, length);

@@ -5,11 +5,12 @@ namespace TBF {
 void WordOperatorList::add(Ref<WordOperator> op) {
     if (!op) return;
     Ref<String> word = TBF::retain(const_cast<String*>(&op->word()));
+    words.add(word->hash());
     operators.insert_or_assign(std::move(word), std::move(op));
 }
 
 WordOperator* WordOperatorList::find(const HashedText& word) const {
-    const auto found = operators.find(word);
+    const auto found = words.mayHold(word.hash) ? operators.find(word) : operators.end();
     if (found != operators.end()) return found->second.get();
     return auxiliary ? auxiliary->find(word) : nullptr;
 }

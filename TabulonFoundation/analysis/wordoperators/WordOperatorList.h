@@ -36,6 +36,7 @@ private:
     WordOperatorList() = default;
     ~WordOperatorList() override = default;
 
+    HashFilter words;
     std::unordered_map<Ref<String>, Ref<WordOperator>, StringContentHash, StringContentEqual> operators;
     WordOperatorList* auxiliary = nullptr;
 };

@@ -19,6 +19,7 @@ using TBF::adopt;
 using TBF::AmbiguousUnit;
 using TBF::ExpressionNode;
 using TBF::ExpressionToken;
+using TBF::ExpressionTokenList;
 using TBF::ExpressionTree;
 using TBF::Ref;
 using TBF::UnitContainer;

@@ -4,8 +4,13 @@
 // agree; sections whose name begins with "~" aren't compared. Exit code 1 when a corpus takes more than half
 // of libqalculate's time, or when answers differ.
 //
-// usage: bench_lines CONTENT-BUNDLE CORPUS...
+// usage: bench_lines CONTENT-BUNDLE|- CORPUS...
+//
+// "-" measures with the built-in lists alone: functions, word operators and constants, as a host without
+// content has them.
 
+#include "environment/TCBuiltins.h"
+#include "environment/TCEnvironment.h"
 #include "environment/TCSettings.h"
 #include "environment/TKEnvironment.h"
 #include "environment/TKEnvironmentBuilder.h"
@@ -23,6 +28,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -55,11 +61,15 @@ struct Times {
     double peer = 1e18;
 };
 
-void start(const char* contentBundle) {
+void start(std::string_view contentBundle) {
     TCSettings::make()->set();
+    if (contentBundle == "-") {
+        TCBuiltins::environment()->set();
+        return;
+    }
     const auto environment = TKEnvironmentBuilder().build();
     environment->setUpdatesValuesFromWeb(false);
-    environment->loadFromBundleAtPath(contentBundle, "en");
+    environment->loadFromBundleAtPath(std::string(contentBundle), "en");
     environment->completeLoading();
     environment->set();
 }
@@ -245,7 +255,7 @@ bool measureCorpus(const char* path, Peer& peer) {
 } // namespace
 
 int main(int argumentCount, char** arguments) {
-    if (argumentCount < 3) return std::fprintf(stderr, "usage: bench_lines CONTENT-BUNDLE CORPUS...\n"), 2;
+    if (argumentCount < 3) return std::fprintf(stderr, "usage: bench_lines CONTENT-BUNDLE|- CORPUS...\n"), 2;
     start(arguments[1]);
     Peer peer;
     bool isFine = true;

@@ -250,7 +250,9 @@ void Reader::end() {
         add(std::move(*value));
     } else {
         constexpr std::size_t shown = 40;
-        fail("\"" + content.substr(0, shown) + "\" is no value of its kind");
+        std::string sentence = "\"";
+        sentence.append(content, 0, shown).append("\" is no value of its kind");
+        fail(sentence);
     }
 }
 

@@ -62,12 +62,30 @@ CoercedOperands withCommonUnits(const OperationTools& tools, CoercedOperands ope
     return operands;
 }
 
+// Of units as they were typed (5 km/m) an extra multiplier may not have reached the value yet. Units are combined
+// without it, so it has to be there first.
+CoercedOperands coerceUnsettled(const OperationTools& tools, TBFOperatorType operation, const Value& left,
+                                const Value& right) {
+    TBFEvaluationError error = TBFEvaluationErrorNone;
+    const auto settled = [&](const Value& value) {
+        if (value.number()->isSpecial()) return Value::create(retain(value.number()));
+        return valueInFraction(tools, value.number()->mapmRef(), value.number()->type(),
+                               retain(value.unitFraction()), error);
+    };
+    const Ref<Value> settledLeft = settled(left);
+    const Ref<Value> settledRight = settledLeft ? settled(right) : nullptr;
+    return settledRight ? coerceOperands(tools, operation, *settledLeft, *settledRight) : refused(error);
+}
+
 } // namespace
 
 CoercedOperands coerceOperands(const OperationTools& tools, TBFOperatorType operation, const Value& left,
                                const Value& right) {
     UnitFraction* const f = left.unitFraction();
     UnitFraction* const g = right.unitFraction();
+    if ((f && f->hasExtraMultiplier()) || (g && g->hasExtraMultiplier())) {
+        return coerceUnsettled(tools, operation, left, right);
+    }
     CoercedOperands operands;
     operands.left = retain(left.number());
     operands.right = retain(right.number());
@@ -109,7 +127,8 @@ TBFEvaluationError convertDigits(const OperationTools& tools, M_APM digits, Unit
     } else {
         arithmetic.multiply(r.r1(), digits, sourceMultiplier);
     }
-    if (inverted) {
+    // Without units every fraction is the inverse of every other, and none is meant.
+    if (inverted && !target->isScalar()) {
         arithmetic.divide(r.r0(), MM_One, r.r1());
         m_apm_copy(r.r1(), r.r0());
     }

@@ -77,6 +77,19 @@ CoercedOperands coerceUnsettled(const OperationTools& tools, TBFOperatorType ope
     return settledRight ? coerceOperands(tools, operation, *settledLeft, *settledRight) : refused(error);
 }
 
+// The value without units, where those come to nothing in base types (1 GHz s). A plain number isn't added to
+// gigahertz seconds. Null for other values.
+Ref<Value> asPlainNumber(const OperationTools& tools, const Value& value) {
+    UnitFraction* const fraction = value.unitFraction();
+    if (!fraction) return retain(const_cast<Value*>(&value)); // values are immutable
+    if (!tools.simplifier || value.number()->isSpecial()) return nullptr;
+    Ref<UnitFraction> simplified = tools.simplifier->createSimplifiedUnitFraction(fraction);
+    if (!simplified || !simplified->isScalar()) return nullptr;
+    if (!simplified->hasExtraMultiplier()) return Value::create(retain(value.number()));
+    TBFEvaluationError error = TBFEvaluationErrorNone;
+    return valueInFraction(tools, value.number()->mapmRef(), value.number()->type(), std::move(simplified), error);
+}
+
 } // namespace
 
 CoercedOperands coerceOperands(const OperationTools& tools, TBFOperatorType operation, const Value& left,
@@ -90,6 +103,11 @@ CoercedOperands coerceOperands(const OperationTools& tools, TBFOperatorType oper
     operands.left = retain(left.number());
     operands.right = retain(right.number());
     if (!f && !g) return operands;
+    if ((!f || !g) && (operation == TBFOperatorTypeAdd || operation == TBFOperatorTypeSubtract)) {
+        const Ref<Value> leftNumber = asPlainNumber(tools, left);
+        const Ref<Value> rightNumber = asPlainNumber(tools, right);
+        if (leftNumber && rightNumber) return coerceOperands(tools, operation, *leftNumber, *rightNumber);
+    }
     if (!g) return withUnitOnLeft(operation, std::move(operands), f);
     if (!f) return withUnitOnRight(operation, std::move(operands), g);
     switch (operation) {

@@ -42,8 +42,8 @@ void m_apm_free_all_mem_mt();
 // `MAPM Error: ...` and the end of the process.
 void M_apm_log_error_msg(bool fatal, const char* message);
 
-// Whether warnings are wanted. They aren't from the start: every operation gives a defined value without them. Set
-// before the kernel is used.
+// Whether warnings are wanted. They aren't from the start: every operation gives a defined value without
+// them. Set before the kernel is used.
 void m_apm_set_warnings_enabled(bool enabled);
 
 // Constants, made by the first m_apm_init and read-only afterwards.

@@ -197,9 +197,8 @@ EvaluatedNode ExpressionNodeEvaluator::evaluateFunction(const ExpressionNode& no
     takeArguments(node);
     if (const Function* const function = node.function()) {
         // A reading: outside of its domain a function has no answer.
-        const TBFEvaluationError error = Settings::current().readings()
-                                             ? function->errorOfDomain(argumentValues)
-                                             : TBFEvaluationErrorNone;
+        const TBFEvaluationError error =
+            Settings::current().readings() ? function->errorOfDomain(argumentValues) : TBFEvaluationErrorNone;
         if (error != TBFEvaluationErrorNone) {
             context.setError(error);
         } else {

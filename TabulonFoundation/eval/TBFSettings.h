@@ -16,8 +16,8 @@ inline constexpr const char* TBFSettingUsesNewEvaluatorImpl = "TBFSettingUsesNew
 // Whether voltage, resistance and the like are taken down to mechanical units. Off unless set.
 inline constexpr const char* TBFSettingEnableExperimentalUnits = "TBFSettingEnableExperimentalUnits";
 
-// Whether lines are read beyond the plain rules, where those would give a misleading answer or none: one switch for
-// all readings (docs/readings.md). On unless set.
+// Whether lines are read beyond the plain rules, where those would give a misleading answer or none: one
+// switch for all readings (docs/readings.md). On unless set.
 inline constexpr const char* TBFSettingReadings = "TBFSettingReadings";
 
 // New settings with the defaults, owned by the caller.

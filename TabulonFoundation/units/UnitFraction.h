@@ -6,9 +6,9 @@
 // shows the last unit that was written for it. An extra multiplier is a pure number that the units don't
 // explain; the evaluator moves it into the value.
 //
-// A type that cancels in part, in different units, leaves a factor too: a kilometre over a square metre is "per
-// metre", a thousand times. That residue belongs to the multiplier of the units, and goes with the fraction
-// wherever it is copied, multiplied or raised.
+// A type that cancels in part, in different units, leaves a factor too: a kilometre over a square metre is
+// "per metre", a thousand times. That residue belongs to the multiplier of the units, and goes with the
+// fraction wherever it is copied, multiplied or raised.
 //
 // A number x in a fraction stands for (x + offset) * multiplier in base units.
 

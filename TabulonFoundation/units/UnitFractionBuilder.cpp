@@ -344,8 +344,8 @@ Ref<Number> UnitFractionBuilder::computeResidue(const Counting& counting) {
 }
 
 // The product of the factors: of all units and the extra multiplier, or only of those whose type isn't
-// cancelled. Where that is all, the accumulator holds the result too. A residue counts among the units as long as
-// there are any.
+// cancelled. Where that is all, the accumulator holds the result too. A residue counts among the units as
+// long as there are any.
 Ref<Number> UnitFractionBuilder::product(const Counting& counting, bool includingCancelled) {
     const bool isOneUnit = numerators.size() == 1 && numerators[0].count == 1 && denominators.empty();
     if (!includingCancelled && isOneUnit && !addedResidue) return numerators[0].unit->baseFactorNumber();

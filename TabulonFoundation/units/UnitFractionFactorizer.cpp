@@ -52,11 +52,13 @@ bool isSourceAgain(const UnitFraction& source, const UnitsByType& units, const U
     });
 }
 
-// Whether the text of the fraction, with one unit for each type, says all that is in it. The base unit of a type may
-// bring units of its own (m/s^2 for accelerations) beside others of their types.
+// Whether the text of the fraction, with one unit for each type, says all that is in it. The base unit of a
+// type may bring units of its own (m/s^2 for accelerations) beside others of their types.
 bool showsItsUnits(const UnitFraction& fraction) {
-    const int32_t typeCount = fraction.countOfNumeratorTypes() + fraction.countOfDenominatorTypes();
-    return !fraction.residue() && fraction.unitDegrees().size() == static_cast<std::size_t>(typeCount);
+    const auto& units = fraction.unitDegrees();
+    return !fraction.residue() && std::all_of(units.begin(), units.end(), [&](const auto& component) {
+        return fraction.unitOfType(component.unit->type())->isSameUnit(*component.unit);
+    });
 }
 
 // A type fraction beside its score.

@@ -45,8 +45,8 @@ public:
     // Without one, every argument is within it. Lives as long as the function.
     void setDomain(const FunctionDomain* newDomain) { domain = newDomain; }
 
-    // What is wrong with the arguments: TBFEvaluationErrorNone within the domain, and for arguments that don't
-    // reach the body. Executing the function doesn't ask.
+    // What is wrong with the arguments: TBFEvaluationErrorNone within the domain, and for arguments that
+    // don't reach the body. Executing the function doesn't ask.
     TBFEvaluationError errorOfDomain(std::span<Value* const> arguments) const;
 
     // The function's value for the arguments of the call. Too few arguments, or one that is not-a-number,

@@ -36,9 +36,16 @@ bool isPower(std::span<const M_APM> arguments) {
     return m_apm_sign(arguments[0]) != 0 || m_apm_sign(arguments[1]) >= 0;
 }
 
+// Ways to take so many of x; x itself may be a fraction.
+bool isChoice(std::span<const M_APM> arguments) {
+    const M_APM taken = arguments[1];
+    return m_apm_sign(taken) >= 0 && m_apm_is_integer(taken) && m_apm_compare(arguments[0], taken) >= 0;
+}
+
 constexpr FunctionDomain withinOne{isWithinOne, TBFEvaluationErrorOutsideDomain};
 constexpr FunctionDomain strictlyWithinOne{isStrictlyWithinOne, TBFEvaluationErrorOutsideDomain};
 constexpr FunctionDomain atLeastOne{isAtLeastOne, TBFEvaluationErrorOutsideDomain};
+constexpr FunctionDomain choices{isChoice, TBFEvaluationErrorOutsideDomain};
 constexpr FunctionDomain powers{isPower, TBFEvaluationErrorDivideByZero};
 
 struct Row {
@@ -46,7 +53,8 @@ struct Row {
     const char* alias; // or null
     uint8_t argumentCount;
     Body body;
-    const FunctionDomain* domain = nullptr; // null for all numbers, and where the body itself tells of an error
+    // Null for all numbers, and where the body itself tells of an error.
+    const FunctionDomain* domain = nullptr;
 };
 
 // Names with an underscore are written by the engine itself, never by a user.
@@ -73,7 +81,7 @@ constexpr Row table[] = {
     {"ceil", nullptr, 1, &functions::ceiling},
     {"trunc", nullptr, 1, &functions::truncate},
     {"round", nullptr, 1, &functions::round},
-    {"choose", nullptr, 2, &functions::choose},
+    {"choose", nullptr, 2, &functions::choose, &choices},
     {"sqrt", "√", 1, &functions::squareRoot},
     {"cbrt", nullptr, 1, &functions::cubeRoot},
     {"_pow", "pow", 2, &functions::power, &powers},

@@ -66,8 +66,8 @@ Ref<Value> reciprocal(const FunctionCall& call, M_APM x) {
     return Value::create(Number::create(std::move(result), TBFNumberTypeDecimal));
 }
 
-// True at odd multiples of a quarter turn, to within the precision. Degrees hit them exactly; radians as well as the
-// digits of pi allow, of which the division of a typed pi/2 costs some.
+// True at odd multiples of a quarter turn, to within the precision. Degrees hit them exactly; radians as well
+// as the digits of pi allow, of which the division of a typed pi/2 costs some.
 bool isPole(const FunctionCall& call, M_APM radians) {
     const int precision = call.registers.precision();
     const int lostPlaces = isInDegrees(call) ? 1 : 3;

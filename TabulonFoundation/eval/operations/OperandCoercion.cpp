@@ -1,5 +1,6 @@
 #include "eval/operations/OperandCoercion.h"
 
+#include "eval/Settings.h"
 #include "eval/operations/BoundedArithmetic.h"
 #include "numbers/KernelLock.h"
 #include "numbers/MAPMContext.h"
@@ -27,6 +28,11 @@ CoercedOperands combined(CoercedOperands operands, Ref<UnitFraction> fraction) {
     return operands;
 }
 
+// As an exponent of units. A percentage isn't taken by its hundredth there.
+bool isFraction(const Number& exponent) {
+    return !exponent.isSpecial() && (exponent.isPercent() || !m_apm_is_integer(exponent.mapmRef()));
+}
+
 Ref<UnitFraction> raised(UnitFraction* fraction, int32_t degree) {
     const auto builder = UnitFractionBuilder::create();
     builder->addUnit(fraction, degree);
@@ -41,6 +47,10 @@ Ref<UnitFraction> combinedFraction(UnitFraction* left, UnitFraction* right, int3
 
 CoercedOperands withUnitOnLeft(TBFOperatorType operation, CoercedOperands operands, UnitFraction* fraction) {
     if (operation != TBFOperatorTypePower) return combined(std::move(operands), retain(fraction));
+    // A reading: no unit has such a degree, and the next lower one would be a false answer.
+    if (isFraction(*operands.right) && Settings::current().readings()) {
+        return refused(TBFEvaluationErrorRootOfUnit);
+    }
     const int32_t degree = operands.right->isSpecial() ? 0 : operands.right->int32Value();
     constexpr int32_t bound = UnitFraction::maximalDegree + 1;
     if (degree < -bound || degree > bound) return refused(TBFEvaluationErrorExponentTooLarge);
@@ -62,8 +72,8 @@ CoercedOperands withCommonUnits(const OperationTools& tools, CoercedOperands ope
     return operands;
 }
 
-// Of units as they were typed (5 km/m) an extra multiplier may not have reached the value yet. Units are combined
-// without it, so it has to be there first.
+// Of units as they were typed (5 km/m) an extra multiplier may not have reached the value yet. Units are
+// combined without it, so it has to be there first.
 CoercedOperands coerceUnsettled(const OperationTools& tools, TBFOperatorType operation, const Value& left,
                                 const Value& right) {
     TBFEvaluationError error = TBFEvaluationErrorNone;
@@ -87,7 +97,8 @@ Ref<Value> asPlainNumber(const OperationTools& tools, const Value& value) {
     if (!simplified || !simplified->isScalar()) return nullptr;
     if (!simplified->hasExtraMultiplier()) return Value::create(retain(value.number()));
     TBFEvaluationError error = TBFEvaluationErrorNone;
-    return valueInFraction(tools, value.number()->mapmRef(), value.number()->type(), std::move(simplified), error);
+    return valueInFraction(tools, value.number()->mapmRef(), value.number()->type(), std::move(simplified),
+                           error);
 }
 
 } // namespace

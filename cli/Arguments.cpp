@@ -112,6 +112,10 @@ void addOutput(CLI::App& command, std::optional<std::string>& output) {
         ->type_name("FILE");
 }
 
+void addPlainRules(CLI::App& command, HostOptions& host) {
+    command.add_flag("--plain-rules", host.plainRules, "Without the readings beyond the plain rules");
+}
+
 void addColors(CLI::App& command, std::optional<std::string>& colors) {
     command
         .add_option_function<std::string>(
@@ -187,6 +191,7 @@ struct Parser {
         answersCommand = app.add_subcommand("answers", "One line of output for each line: its answer");
         addFile(*answersCommand, "FILE", answers.file, "A document, UTF-8 text, or - for standard input");
         addReadingOptions(*answersCommand, answers.reading);
+        addPlainRules(*answersCommand, host);
         answersCommand->add_flag("--json", answers.asJSON, "An array of line, text, answer and error");
         for (const StatisticFlag& flag : statisticFlags)
             answersCommand->add_flag_callback(
@@ -201,6 +206,7 @@ struct Parser {
                   [this](ExportFormat format) { exporting.format = format; })
             ->required();
         addReadingOptions(*exportCommand, exporting.reading);
+        addPlainRules(*exportCommand, host);
         addOutput(*exportCommand, exporting.output);
         addColors(*exportCommand, exporting.colors);
     }

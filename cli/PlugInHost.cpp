@@ -3,6 +3,7 @@
 #include "QuickLookGeneratorPlugin.h"
 #include "bootstrap.h"
 #include "bundle/Bundle.h"
+#include "environment/TCSettings.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -48,6 +49,11 @@ void reportMissingContent(const std::vector<fs::path>& places) {
 } // namespace
 
 void hostPlugIn(const HostOptions& options) {
+    if (options.plainRules) {
+        const auto settings = TCSettings::make();
+        settings->setReadings(false);
+        settings->set();
+    }
     setBootstrapChoices({options.language, options.dataFolder});
     const std::vector<fs::path> places = placesOfContent(options);
     const auto found = std::find_if(places.begin(), places.end(), hasContent);

@@ -11,6 +11,7 @@ struct HostOptions {
     std::optional<std::string> contentFolder; // holds TBContent.bundle
     std::optional<std::string> dataFolder;
     std::string language;
+    bool plainRules = false; // turns the readings off
 };
 
 // Missing content is told in one line on standard error: the engine then works with what it has built in.

@@ -3,7 +3,6 @@
 #include "Arguments.h"
 #include "CommandFailure.h"
 #include "commands/Commands.h"
-#include "runtime/TBFLog.h"
 
 #include <algorithm>
 #include <csignal>
@@ -43,10 +42,8 @@ void report(const CommandFailure& failure) {
 } // namespace
 
 int main(int count, char** values) {
-    // A reader that has seen enough is met as an error of writing. The engine's log speaks to
-    // developers; what a user needs to know is in the failures.
+    // A reader that has seen enough is met as an error of writing.
     std::signal(SIGPIPE, SIG_IGN);
-    TBFErrorLogSetEnabled(0);
     try {
         if (const auto arguments = parseArguments(count, values)) {
             hostPlugIn(arguments->host);

@@ -38,9 +38,13 @@ void m_apm_leave();
 void m_apm_free_all_mem();
 void m_apm_free_all_mem_mt();
 
-// The one path of reports: `MAPM Warning: ...` on standard error, or, when fatal, `MAPM Error: ...` and the
-// end of the process.
+// The one path of reports: `MAPM Warning: ...` on standard error while warnings are wanted, or, when fatal,
+// `MAPM Error: ...` and the end of the process.
 void M_apm_log_error_msg(bool fatal, const char* message);
+
+// Whether warnings are wanted. They aren't from the start: every operation gives a defined value without
+// them. Set before the kernel is used.
+void m_apm_set_warnings_enabled(bool enabled);
 
 // Constants, made by the first m_apm_init and read-only afterwards.
 extern M_APM MM_Zero, MM_One, MM_Two, MM_Three, MM_Four, MM_Five, MM_Ten;

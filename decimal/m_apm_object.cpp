@@ -12,6 +12,7 @@ using namespace mapm;
 namespace {
 
 bool constantsMade = false;
+bool warningsEnabled = false;
 
 // Values that were freed wait to be made again, up to this many. Under AddressSanitizer none do, so that the
 // use of a dead value is found.
@@ -42,7 +43,11 @@ void M_apm_log_error_msg(bool fatal, const char* message) {
         std::fprintf(stderr, "MAPM Error: %s\n", message);
         std::exit(100);
     }
-    std::fprintf(stderr, "MAPM Warning: %s\n", message);
+    if (warningsEnabled) std::fprintf(stderr, "MAPM Warning: %s\n", message);
+}
+
+void m_apm_set_warnings_enabled(bool enabled) {
+    warningsEnabled = enabled;
 }
 
 M_APM M_new_value() {

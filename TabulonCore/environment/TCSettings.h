@@ -17,6 +17,11 @@ public:
     bool enableExperimentalUnitsMode() const { return experimentalUnits; }
     void setEnableExperimentalUnitsMode(bool enable) { experimentalUnits = enable; }
 
+    // Whether lines are read beyond the plain rules, where those would give a misleading answer or none
+    // (docs/readings.md). On at first.
+    bool readings() const { return readsFurther; }
+    void setReadings(bool enable) { readsFurther = enable; }
+
     // Makes these settings current and starts the foundation with them. A second call, with any settings,
     // ends the process.
     void set();
@@ -29,4 +34,5 @@ public:
 
 private:
     bool experimentalUnits = false;
+    bool readsFurther = true;
 };

@@ -1,5 +1,6 @@
 #include "lines/TCLineCollectionStatistics.h"
 
+#include "bundle/LocalizedStrings.h"
 #include "environment/TCEnvironment.h"
 #include "environment/TCEvaluator.h"
 #include "expressions/TCExpression.h"
@@ -39,7 +40,7 @@ std::shared_ptr<TCEvaluator> evaluatorFor(const TCLineCollection* collection) {
 std::u16string TCStatisticTitle(int32_t type) {
     const auto* const row = std::find_if(std::begin(titles), std::end(titles),
                                          [&](const Title& title) { return title.type == type; });
-    return row == std::end(titles) ? u"" : row->text;
+    return row == std::end(titles) ? u"" : platform::localizedString(row->text);
 }
 
 TCLineCollectionStatistics::TCLineCollectionStatistics(std::shared_ptr<TCLineCollection> lineCollection)
@@ -102,7 +103,7 @@ TCLineCollectionStatistics::Text TCLineCollectionStatistics::totalString(const T
         if (result->flags() == TBFResultFlagPercent) ++percentages;
     }
     if (counter) *counter = values;
-    const bool isMixed = percentages > 0 && percentages < collection->countOfLines();
+    const bool isMixed = percentages > 0 && percentages < values;
     if (total.empty() || isMixed) return std::nullopt;
     return total;
 }

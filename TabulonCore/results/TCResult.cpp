@@ -40,6 +40,7 @@ TCErrorType errorTypeOf(TBFEvaluationError error) {
         return TCErrorTypeIncompatibleUnits;
     case TBFEvaluationErrorTooFewOperands:
     case TBFEvaluationErrorTooManyOperands:
+    case TBFEvaluationErrorOutsideDomain:
     case TBFEvaluationErrorFactorialOfFraction:
     case TBFEvaluationErrorFactorialOfNegative:
     case TBFEvaluationErrorLogarithmOfNegative:

@@ -4,6 +4,7 @@
 #include "analysis/wordoperators/WordOperator.h"
 #include "eval/EvalMetadata.h"
 #include "eval/EvaluationContext.h"
+#include "eval/Settings.h"
 #include "eval/functions/Function.h"
 #include "eval/operations/BinaryOperations.h"
 #include "eval/operations/DigitBudget.h"
@@ -195,7 +196,14 @@ EvaluatedNode ExpressionNodeEvaluator::evaluateFunction(const ExpressionNode& no
     EvaluatedNode result;
     takeArguments(node);
     if (const Function* const function = node.function()) {
-        result.value = function->execute({argumentValues, *registers, &context}, &result.metadata);
+        // A reading: outside of its domain a function has no answer.
+        const TBFEvaluationError error =
+            Settings::current().readings() ? function->errorOfDomain(argumentValues) : TBFEvaluationErrorNone;
+        if (error != TBFEvaluationErrorNone) {
+            context.setError(error);
+        } else {
+            result.value = function->execute({argumentValues, *registers, &context}, &result.metadata);
+        }
     }
     if (!result.metadata) {
         for (EvaluatedNode& argument : argumentNodes) {

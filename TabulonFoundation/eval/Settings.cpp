@@ -19,6 +19,7 @@ constexpr Default defaults[] = {
     {TBFSettingAllowsVariableRedefinitions, false},
     {TBFSettingUsesNewEvaluatorImpl, true},
     {TBFSettingEnableExperimentalUnits, false},
+    {TBFSettingReadings, true},
 };
 
 // Never destroyed: settings are read until the process ends.
@@ -38,6 +39,7 @@ Settings::Settings() {
 void Settings::noteChanges() {
     redefinitions = boolValue(TBFSettingAllowsVariableRedefinitions);
     newEvaluator = boolValue(TBFSettingUsesNewEvaluatorImpl);
+    readsFurther = boolValue(TBFSettingReadings);
 }
 
 Ref<Settings> Settings::create() {
@@ -53,6 +55,7 @@ void Settings::setBool(std::string_view name, bool value) {
     if (found->second == value) return;
     found->second = value;
     noteChanges();
+    if (!TBFErrorLogEnabled) return;
     std::fprintf(stderr, "TBFSettings: %s -> %s\n", found->first.c_str(), value ? "on" : "off");
 }
 

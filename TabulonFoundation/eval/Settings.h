@@ -23,9 +23,10 @@ public:
     // Throws std::out_of_range for an unknown name.
     bool boolValue(std::string_view name) const;
 
-    // Two settings that every analysis of a line asks for.
+    // Settings that the analysis or evaluation of a line asks for.
     bool allowsVariableRedefinitions() const { return redefinitions; }
     bool usesNewEvaluatorImpl() const { return newEvaluator; }
+    bool readings() const { return readsFurther; }
 
     // The settings of the process; the defaults as long as none were set. Setting them again ends the
     // process.
@@ -40,8 +41,9 @@ private:
     void noteChanges();
 
     std::map<std::string, bool, std::less<>> values;
-    bool redefinitions = false; // both as in `values`
+    bool redefinitions = false; // these as in `values`
     bool newEvaluator = false;
+    bool readsFurther = false;
 };
 
 } // namespace TBF

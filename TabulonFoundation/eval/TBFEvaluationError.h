@@ -6,12 +6,13 @@
 
 #include <cstdint>
 
-// What stopped an evaluation. 4 is free.
+// What stopped an evaluation.
 enum TBFEvaluationError : int32_t {
     TBFEvaluationErrorNone = 0,
     TBFEvaluationErrorTooFewOperands = 1,
     TBFEvaluationErrorTooManyOperands = 2,
     TBFEvaluationErrorExponentTooLarge = 3,
+    TBFEvaluationErrorOutsideDomain = 4, // of a function
     TBFEvaluationErrorIncompatibleUnits = 5,
     TBFEvaluationErrorFactorialOfFraction = 6,
     TBFEvaluationErrorFactorialOfNegative = 7,

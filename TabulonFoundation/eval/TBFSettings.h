@@ -16,11 +16,15 @@ inline constexpr const char* TBFSettingUsesNewEvaluatorImpl = "TBFSettingUsesNew
 // Whether voltage, resistance and the like are taken down to mechanical units. Off unless set.
 inline constexpr const char* TBFSettingEnableExperimentalUnits = "TBFSettingEnableExperimentalUnits";
 
+// Whether lines are read beyond the plain rules, where those would give a misleading answer or none: one
+// switch for all readings (docs/readings.md). On unless set.
+inline constexpr const char* TBFSettingReadings = "TBFSettingReadings";
+
 // New settings with the defaults, owned by the caller.
 TBFSettingsRef TBFSettingsCreate();
 void TBFSettingsRelease(const TBF::Settings* settings);
 
-// Reports a change of a known setting on standard error.
+// Notes a change of a known setting in the log.
 void TBFSettingsSetBool(TBFSettingsRef settings, const char* name, bool value);
 
 // Makes the settings current, retaining them. Once only: a second call ends the process.

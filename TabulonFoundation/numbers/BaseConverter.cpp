@@ -121,6 +121,7 @@ bool isPrefixed(std::string_view text) {
 
 std::optional<std::string> fromDecimal(std::string_view decimal, uint8_t base, bool prefix) {
     if (base != 2 && base != 16) {
+        if (!TBFErrorLogEnabled) return std::nullopt;
         std::fprintf(stderr, "error: can't convert to base %u. only bases 2, 16 are supported.\n", base);
         return std::nullopt;
     }

@@ -17,7 +17,7 @@ struct OperatorRow {
     std::string_view printed;
 };
 
-// Modulo has no class of its own: its only use is between brackets.
+// Modulo has no class of its own, and so the least strength: its only use is between brackets.
 constexpr std::array operatorRows = std::to_array<OperatorRow>({
     {TBFOperatorTypeAdd, TBFOperatorNotationInfix, TBFOperatorPrecedenceAddSubtract, TBFOperatorTypeAdd, "+"},
     {TBFOperatorTypeSubtract, TBFOperatorNotationInfix, TBFOperatorPrecedenceAddSubtract,
@@ -125,6 +125,7 @@ struct StrengthRow {
 };
 
 constexpr std::array strengthRows = std::to_array<StrengthRow>({
+    {TBFOperatorPrecedenceNone, 0},
     {TBFOperatorPrecedenceAddSubtract, 10},
     {TBFOperatorPrecedenceUnitConversion, 10},
     {TBFOperatorPrecedenceMultiply, 20},
@@ -175,8 +176,7 @@ TBFOperatorNotation operatorNotation(TBFOperatorType type) {
 }
 
 TBFOperatorPrecedence operatorPrecedence(TBFOperatorType type) {
-    const OperatorRow* const row = findOperator(type);
-    if (row && row->precedence != TBFOperatorPrecedenceNone) return row->precedence;
+    if (const OperatorRow* const row = findOperator(type)) return row->precedence;
     TBFErrorLog("Unexpected operator type");
     return TBFOperatorPrecedenceNone;
 }

@@ -1,12 +1,14 @@
 #include "runtime/TBFLog.h"
 
+#include "m_apm.h"
+
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string>
 
-int32_t TBFErrorLogEnabled = 1;
+int32_t TBFErrorLogEnabled = 0;
 
 namespace {
 
@@ -30,6 +32,7 @@ const char* lastPathComponent(const char* path) {
 
 void TBFErrorLogSetEnabled(int enabled) {
     TBFErrorLogEnabled = enabled;
+    m_apm_set_warnings_enabled(enabled != 0);
 }
 
 // `recordForCrash` asks for the message to be kept in a crash report. No host of ours offers a place

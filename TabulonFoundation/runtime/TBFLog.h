@@ -4,10 +4,14 @@
 // which the function survives by its failure path. `VerifyTrue` is for errors in the system's own
 // set-up and invariants, never for input: it ends the process. No locks are taken, so concurrent messages
 // may interleave.
+//
+// The log speaks to developers, and what it says is no part of any answer. So it is off until a host turns it
+// on.
 
 #include <cstdint>
 
-// 1 from the start. Set before anything is evaluated.
+// 0 from the start. Set before anything is evaluated. The function is the one switch for the whole log: it
+// turns the decimal kernel's warnings on and off too.
 extern int32_t TBFErrorLogEnabled;
 void TBFErrorLogSetEnabled(int enabled);
 

@@ -120,6 +120,10 @@ M_APM UnitFraction::extraMultiplier() const noexcept {
     return digitsOf(contents.extraMultiplier);
 }
 
+M_APM UnitFraction::residue() const noexcept {
+    return digitsOf(contents.residue);
+}
+
 bool UnitFraction::hasOnlyOneOffsetNumeratorUnit() const noexcept {
     return std::count_if(contents.typeDegrees.begin(), contents.typeDegrees.end(),
                          [](const TypeDegree& component) {
@@ -168,8 +172,7 @@ std::string UnitFraction::stringRepresentation() const {
 
 Ref<UnitFraction> UnitFraction::copyWithRecomputedMultiplier() const {
     const Ref<UnitFractionBuilder> builder = UnitFractionBuilder::create();
-    for (const UnitDegree& component : contents.unitDegrees)
-        builder->addUnit(component.unit.get(), component.degree);
+    builder->addUnit(const_cast<UnitFraction*>(this), 1); // reads it only
     return builder->unitFraction();
 }
 

@@ -6,6 +6,10 @@
 // shows the last unit that was written for it. An extra multiplier is a pure number that the units don't
 // explain; the evaluator moves it into the value.
 //
+// A type that cancels in part, in different units, leaves a factor too: a kilometre over a square metre is
+// "per metre", a thousand times. That residue belongs to the multiplier of the units, and goes with the
+// fraction wherever it is copied, multiplied or raised.
+//
 // A number x in a fraction stands for (x + offset) * multiplier in base units.
 
 #include "runtime/Object.h"
@@ -49,6 +53,7 @@ public:
         std::vector<UnitDegree> unitDegrees; // by identifier
         std::vector<TypeDegree> typeDegrees; // by type; each degree is the sum over the units of the type
         Ref<Number> unitMultiplier;          // null without units
+        Ref<Number> residue;                 // what it has beyond the factors of `unitDegrees`; null for 1
         Ref<Number> extraMultiplier;         // null if it would be 1
         Ref<Number> multiplier;              // null stands for 1
         bool isCanonical = false;            // see isCanonical()
@@ -90,6 +95,7 @@ public:
     M_APM unitMultiplier() const noexcept;
     M_APM extraMultiplier() const noexcept;
     bool hasExtraMultiplier() const noexcept { return contents.extraMultiplier != nullptr; }
+    M_APM residue() const noexcept;
     const Ref<Number>& multiplierNumber() const noexcept { return contents.multiplier; }
 
     // The offset of the numerator's only unit that has one; null if none or several have.
@@ -109,7 +115,8 @@ public:
     // The degrees as text: "[length:1][time:-1]".
     std::string stringRepresentation() const;
 
-    // Built anew from the surviving units, so with their present factors and without an extra multiplier.
+    // Built anew from the surviving units, so with their present factors and without an extra multiplier. The
+    // residue stays: the copy times the extra multiplier is this fraction again.
     Ref<UnitFraction> copyWithRecomputedMultiplier() const;
 
     // True if building a fraction from the units of `typeDegrees`, in their order, gives this very

@@ -24,6 +24,15 @@ std::size_t slotOf(const Unit& unit) {
     return static_cast<std::size_t>(unit.type());
 }
 
+void applyFactor(const Unit& unit, int64_t count, MAPMAccumulator& accumulator,
+                 void (MAPMAccumulator::*step)(M_APM_const)) {
+    // Before the kernel's lock: the unit may have to parse it under a lock of its own.
+    const Ref<Number> factor = unit.baseFactorNumber();
+    const KernelLock lock;
+    for (int64_t i = 0; i < count; ++i)
+        (accumulator.*step)(factor->mapmRef());
+}
+
 } // namespace
 
 // What stands on the two sides, by type.
@@ -78,6 +87,12 @@ struct UnitFractionBuilder::Counting {
     }
     bool cancelsNothing() const {
         return all([](const Type& type) { return type.net() != 0; });
+    }
+    // Whether a type cancels in part, and not just by the same unit.
+    bool cancelsInPart() const {
+        return !all([](const Type& type) {
+            return type.isUniform || type.above == 0 || type.below == 0 || type.net() == 0;
+        });
     }
     bool cancelsEverything() const {
         return all([](const Type& type) { return type.net() == 0; });
@@ -136,6 +151,7 @@ struct UnitFractionBuilder::Counting {
 
 struct UnitFractionBuilder::Multipliers {
     Ref<Number> ofUnits;
+    Ref<Number> residue;
     Ref<Number> extra;
     Ref<Number> total;
 };
@@ -214,6 +230,26 @@ void UnitFractionBuilder::addUnit(UnitFraction* fraction, int32_t degree) {
             append(component.degree > 0 ? above : below, component.unit.get(), std::abs(component.degree));
         }
     }
+    if (M_APM residue = fraction->residue()) addResidue(residue, degree);
+}
+
+MAPMAccumulator& UnitFractionBuilder::startAt(const Number& number) {
+    if (!accumulator) accumulator = MAPMAccumulator::create(defaultPrecision);
+    accumulator->initialize(number.mapmRef());
+    return *accumulator;
+}
+
+void UnitFractionBuilder::addResidue(M_APM added, int32_t degree) {
+    const KernelLock lock;
+    MAPMAccumulator& product = startAt(addedResidue ? *addedResidue : *Number::one());
+    for (int32_t i = 0; i < std::abs(degree); ++i) {
+        if (degree > 0) {
+            product.multiplyBy(added);
+        } else {
+            product.divideBy(added);
+        }
+    }
+    addedResidue = Number::create(product.result(), TBFNumberTypeDecimal);
 }
 
 void UnitFractionBuilder::setExtraMultiplier(M_APM multiplier) {
@@ -229,6 +265,9 @@ void UnitFractionBuilder::setExtraMultiplier(const char* text) {
 void UnitFractionBuilder::invert() {
     changed();
     numerators.swap(denominators);
+    if (!addedResidue) return;
+    const Ref<Number> upright = std::move(addedResidue);
+    addResidue(upright->mapmRef(), -1);
 }
 
 Ref<UnitFraction> UnitFractionBuilder::unitFraction() {
@@ -253,9 +292,10 @@ Ref<UnitFraction> UnitFractionBuilder::build() {
     contents.unitDegrees = counting.unitDegrees(numerators, denominators);
     contents.typeDegrees = counting.typeDegrees();
     contents.unitMultiplier = std::move(multipliers.ofUnits);
+    contents.residue = std::move(multipliers.residue);
     contents.extraMultiplier = std::move(multipliers.extra);
     contents.multiplier = std::move(multipliers.total);
-    contents.isCanonical = !extraMultiplier && counting.isCanonical();
+    contents.isCanonical = !extraMultiplier && !addedResidue && counting.isCanonical();
     return UnitFraction::create(std::move(contents));
 }
 
@@ -263,6 +303,7 @@ Ref<UnitFraction> UnitFractionBuilder::build() {
 // what the extra multiplier is made of, besides the one that was set.
 UnitFractionBuilder::Multipliers UnitFractionBuilder::computeMultipliers(const Counting& counting) {
     Multipliers multipliers;
+    multipliers.residue = computeResidue(counting);
     multipliers.ofUnits = product(counting, false);
     if (!extraMultiplier && counting.cancelsNothing()) {
         multipliers.total = multipliers.ofUnits;
@@ -277,25 +318,49 @@ UnitFractionBuilder::Multipliers UnitFractionBuilder::computeMultipliers(const C
     return multipliers;
 }
 
+// The factors of what was cancelled beside surviving units of the same type, which are the last ones written.
+Ref<Number> UnitFractionBuilder::computeResidue(const Counting& counting) {
+    const bool survives = !counting.cancelsEverything();
+    if (!counting.cancelsInPart()) return survives ? addedResidue : nullptr;
+    startAt(addedResidue ? *addedResidue : *Number::one());
+    const auto apply = [&](const Side& side, int64_t Counting::Type::*other,
+                           void (MAPMAccumulator::*step)(M_APM_const)) {
+        std::array<int64_t, TBFUnitTypeCount> cancelled{};
+        for (std::size_t slot = 0; slot < cancelled.size(); ++slot) {
+            if (counting.types[slot].net() != 0) cancelled[slot] = counting.types[slot].*other;
+        }
+        for (const Run& run : side) {
+            int64_t& rest = cancelled[slotOf(*run.unit)];
+            const int64_t taken = std::min<int64_t>(rest, run.count);
+            if (taken > 0) applyFactor(*run.unit, taken, *accumulator, step);
+            rest -= taken;
+        }
+    };
+    apply(numerators, &Counting::Type::below, &MAPMAccumulator::multiplyBy);
+    apply(denominators, &Counting::Type::above, &MAPMAccumulator::divideBy);
+    const KernelLock lock;
+    if (m_apm_compare(accumulator->result(), MM_One) == 0) return {};
+    return Number::create(accumulator->result(), TBFNumberTypeDecimal);
+}
+
 // The product of the factors: of all units and the extra multiplier, or only of those whose type isn't
-// cancelled. Where that is all, the accumulator holds the result too.
+// cancelled. Where that is all, the accumulator holds the result too. A residue counts among the units as
+// long as there are any.
 Ref<Number> UnitFractionBuilder::product(const Counting& counting, bool includingCancelled) {
     const bool isOneUnit = numerators.size() == 1 && numerators[0].count == 1 && denominators.empty();
-    if (!includingCancelled && isOneUnit) return numerators[0].unit->baseFactorNumber();
-    if (!accumulator) accumulator = MAPMAccumulator::create(defaultPrecision);
-    accumulator->initialize(Number::one()->mapmRef());
+    if (!includingCancelled && isOneUnit && !addedResidue) return numerators[0].unit->baseFactorNumber();
+    startAt(*Number::one());
     const auto apply = [&](const Side& side, void (MAPMAccumulator::*step)(M_APM_const)) {
         for (const Run& run : side) {
             if (!includingCancelled && counting.isCancelled(*run.unit)) continue;
-            // Before the kernel's lock: the unit may have to parse it under a lock of its own.
-            const Ref<Number> factor = run.unit->baseFactorNumber();
-            const KernelLock lock;
-            for (int32_t i = 0; i < run.count; ++i)
-                ((*accumulator).*step)(factor->mapmRef());
+            applyFactor(*run.unit, run.count, *accumulator, step);
         }
     };
     apply(numerators, &MAPMAccumulator::multiplyBy);
     apply(denominators, &MAPMAccumulator::divideBy);
+    if (addedResidue && (includingCancelled || !counting.cancelsEverything())) {
+        accumulator->multiplyBy(addedResidue->mapmRef());
+    }
     if (includingCancelled && extraMultiplier) accumulator->multiplyBy(extraMultiplier->mapmRef());
     return Number::create(accumulator->result(), TBFNumberTypeDecimal);
 }

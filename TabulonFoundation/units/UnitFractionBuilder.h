@@ -39,7 +39,7 @@ public:
     static Ref<UnitFractionBuilder> create(UnitFraction* fraction);
 
     // Add something as often as `degree` says, below the line if that is negative. Null is ignored. Of a
-    // fraction the units are added, not its extra multiplier.
+    // fraction the units are added with their residue, but not its extra multiplier.
     void addUnit(Unit* unit, int32_t degree);
     void addUnit(UnitContainer* container, int32_t degree);
     void addUnit(UnitFraction* fraction, int32_t degree);
@@ -77,12 +77,16 @@ private:
     Ref<UnitFraction> build();
     Multipliers computeMultipliers(const Counting& counting);
     Ref<Number> product(const Counting& counting, bool includingCancelled);
+    Ref<Number> computeResidue(const Counting& counting);
+    void addResidue(M_APM added, int32_t degree);
+    MAPMAccumulator& startAt(const Number& number);
     void changed() noexcept;
 
     Ref<MAPMAccumulator> accumulator; // made when first needed
     Side numerators;
     Side denominators;
     Ref<Number> extraMultiplier;
+    Ref<Number> addedResidue; // of all fractions added; null for 1
     bool hasExcessiveDegree = false;
     bool isBuilt = false;
     Ref<UnitFraction> built;

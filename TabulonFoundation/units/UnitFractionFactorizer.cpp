@@ -52,6 +52,15 @@ bool isSourceAgain(const UnitFraction& source, const UnitsByType& units, const U
     });
 }
 
+// Whether the text of the fraction, with one unit for each type, says all that is in it. The base unit of a
+// type may bring units of its own (m/s^2 for accelerations) beside others of their types.
+bool showsItsUnits(const UnitFraction& fraction) {
+    const auto& units = fraction.unitDegrees();
+    return !fraction.residue() && std::all_of(units.begin(), units.end(), [&](const auto& component) {
+        return fraction.unitOfType(component.unit->type())->isSameUnit(*component.unit);
+    });
+}
+
 // A type fraction beside its score.
 struct Candidate {
     const UnitTypeFraction* types;
@@ -67,7 +76,7 @@ Ref<UnitFraction> createUnitFractionFromTypeFraction(const UnitCollection* colle
     if (!source) return {};
     if (isSourceAgain(*source, units, types)) return TBF::retain(source);
     if (!accumulator) accumulator = MAPMAccumulator::create(UnitFractionBuilder::defaultPrecision);
-    const Ref<UnitFractionBuilder> builder = UnitFractionBuilder::create(accumulator);
+    Ref<UnitFractionBuilder> builder = UnitFractionBuilder::create(accumulator);
     types.forEachComponent([&](TBFUnitType type, int32_t degree) {
         if (degree == 0) return;
         if (Unit* const unit = knownUnit(*source, units, type)) {
@@ -76,7 +85,15 @@ Ref<UnitFraction> createUnitFractionFromTypeFraction(const UnitCollection* colle
             builder->addUnit(collection->baseUnit(type), degree);
         }
     });
-    const Ref<UnitFraction> plain = builder->unitFraction();
+    Ref<UnitFraction> plain = builder->unitFraction();
+    if (plain && !showsItsUnits(*plain)) {
+        builder = UnitFractionBuilder::create(accumulator);
+        for (const auto& component : plain->typeDegrees()) {
+            Unit* const known = knownUnit(*source, units, component.type);
+            builder->addUnit(known ? known : component.unit.get(), component.degree);
+        }
+        plain = builder->unitFraction();
+    }
     if (!plain) return {};
     {
         const KernelLock lock;

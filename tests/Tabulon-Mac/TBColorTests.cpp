@@ -3,7 +3,6 @@
 
 #include "NotificationCenter.h"
 #include "bundle/Bundle.h"
-#include "runtime/TBFLog.h"
 
 #include <cmath>
 #include <filesystem>
@@ -38,14 +37,12 @@ std::string colorsFile(const std::string& entries) {
 class ColorTests : public testing::Test {
 protected:
     void SetUp() override {
-        TBFErrorLogSetEnabled(0);
         std::filesystem::create_directories(folder);
         manager.dataSource().clear();
     }
     void TearDown() override {
         manager.dataSource().clear();
         std::filesystem::remove_all(folder);
-        TBFErrorLogSetEnabled(1);
     }
 
     std::string write(const char* name, const std::string& content) const {

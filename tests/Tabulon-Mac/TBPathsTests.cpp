@@ -1,6 +1,7 @@
 #include "TBPaths.h"
 
 #include "bundle/Bundle.h"
+#include "runtime/TBFLog.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -18,10 +19,14 @@ using testing::HasSubstr;
 class TBPathsTests : public testing::Test {
 protected:
     void SetUp() override {
+        TBFErrorLogSetEnabled(1);
         fs::create_directories(root);
         setenv("XDG_DATA_HOME", (root / "data").c_str(), 1);
     }
-    void TearDown() override { fs::remove_all(root); }
+    void TearDown() override {
+        fs::remove_all(root);
+        TBFErrorLogSetEnabled(0);
+    }
 
     // With so much in the dictionary of its information.
     platform::Bundle bundleWith(const std::string& info) const {

@@ -145,6 +145,23 @@ class AnswersTests(CommandTests):
         self.assertEqual(objects[-1], {"statistic": "Standard Deviation", "answer": "1"})
         self.assertEqual(self.output_of("answers", "--total", stdin="2 km\n5 kg\n"), "2 km\n5 kg\nTotal: \n")
 
+    def test_figures_are_titled_in_the_language(self):
+        rows = [("en", "Total: 30\nStandard Deviation: 5"), ("de", "Summe: 30\nStandardabweichung: 5"),
+                ("es", "Total: 30\nDesviación típica: 5"), ("fr", "Total: 30\nÉcart type: 5"),
+                ("ja", "合計: 30\n標準偏差: 5")]
+        for language, expected in rows:
+            with self.subTest(language):
+                self.assertEqual(self.output_of("answers", "--total", "--standard-deviation", "--language", language,
+                                                stdin="10%\n\n20%\n"), f"10%\n\n20%\n{expected}\n")
+
+    def test_readings_can_be_turned_off_and_no_message_of_the_engine_is_seen(self):
+        lines = "asin(2)\nacosh(0.5)\natanh(1)\n(-8)^1.5\n5 mod 3\n5 mod 0\n2 m ^ 3 m\n"
+        for options, expected in (((), "Error\nError\nError\n\n2\n5\n\n"),
+                                  (("--plain-rules",), "0\n0\n0\n\n2\n5\n\n")):
+            with self.subTest(options):
+                result = self.run_command("answers", *options, stdin=lines)
+                self.assertEqual((result.stdout.decode(), result.stderr), (expected, b""))
+
     def test_many_lines_take_time_in_proportion(self):
         def seconds(count):
             text = "".join(f"Item {i}: {i} * 3 + 10%\n" for i in range(count))

@@ -7,6 +7,12 @@
 
 namespace {
 
+// The kernel's tests look for its warnings, which nobody sees who doesn't ask for them.
+[[maybe_unused]] const bool warningsAreOn = [] {
+    m_apm_set_warnings_enabled(true);
+    return true;
+}();
+
 TEST(KernelState, TheConstantsHoldTheirValues) {
     const KernelValue first;
     struct {

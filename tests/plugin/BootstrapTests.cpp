@@ -5,7 +5,6 @@
 #include "environment/TCEvaluator.h"
 #include "environment/TKEnvironment.h"
 #include "propertylist/PropertyList.h"
-#include "runtime/TBFLog.h"
 #include "runtime/Unicode.h"
 #include "units/TCUnitCollection.h"
 
@@ -116,7 +115,6 @@ TEST_F(BootstrapTests, WithoutContentThereAreTheBuiltInLists) {
 TEST_F(BootstrapTests, AHostWithoutAPlaceForDataHasAnEngineAllTheSame) {
     for (const char* home : {"", "/proc/nowhere"}) {
         EXPECT_TRUE(inOwnProcess([this, home] {
-            TBFErrorLogSetEnabled(0);
             unsetenv("XDG_DATA_HOME");
             setenv("HOME", home, 1);
             setenv("TMPDIR", "/proc/nowhere", 1);

@@ -6,7 +6,6 @@
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
 #include "plugin/PlugInFactory.h"
-#include "runtime/TBFLog.h"
 
 #include <filesystem>
 #include <fstream>
@@ -58,7 +57,6 @@ std::string documentWithLine(const std::string& text) {
 class PreviewTests : public testing::Test {
 protected:
     void SetUp() override {
-        TBFErrorLogSetEnabled(0);
         std::filesystem::create_directories(folder);
         void* granted = nullptr;
         plugin = makeInstance();
@@ -68,7 +66,6 @@ protected:
     void TearDown() override {
         (*plugin)->Release(plugin);
         std::filesystem::remove_all(folder);
-        TBFErrorLogSetEnabled(1);
     }
 
     std::string write(const char* name, const std::string& content) const {

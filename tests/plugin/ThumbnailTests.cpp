@@ -2,7 +2,6 @@
 
 #include "files/FileURL.h"
 #include "graphics/Font.h"
-#include "runtime/TBFLog.h"
 
 #include <algorithm>
 #include <cmath>
@@ -67,7 +66,6 @@ struct RecordedThumbnail final : QLThumbnailRequest {
 class ThumbnailTests : public testing::Test {
 protected:
     void SetUp() override {
-        TBFErrorLogSetEnabled(0);
         std::filesystem::create_directories(folder);
         plugin =
             static_cast<QLGeneratorInstance>(QuickLookGeneratorPluginFactory(nullptr, &kQLGeneratorTypeID));
@@ -80,7 +78,6 @@ protected:
     void TearDown() override {
         (*plugin)->Release(plugin);
         std::filesystem::remove_all(folder);
-        TBFErrorLogSetEnabled(1);
     }
 
     std::string write(const char* name, const std::string& content) const {

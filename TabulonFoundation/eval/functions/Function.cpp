@@ -1,6 +1,7 @@
 #include "eval/functions/Function.h"
 
 #include "eval/EvalMetadata.h"
+#include "numbers/KernelLock.h"
 #include "numbers/Number.h"
 #include "numbers/Value.h"
 #include "runtime/TBFLog.h"
@@ -25,6 +26,17 @@ void Function::setImplementation(std::unique_ptr<FunctionImplementation> newImpl
 
 TBFFunctionImplementationType Function::implementationType() const {
     return implementation ? implementation->type() : TBFFunctionImplementationTypeNone;
+}
+
+TBFEvaluationError Function::errorOfDomain(std::span<Value* const> arguments) const {
+    if (!domain || arguments.empty() || arguments.size() < leastArguments) return TBFEvaluationErrorNone;
+    std::vector<M_APM> digits;
+    for (const Value* const argument : arguments) {
+        if (!argument || argument->number()->isSpecial()) return TBFEvaluationErrorNone;
+        digits.push_back(argument->number()->mapmRef());
+    }
+    const KernelLock lock;
+    return domain->contains(digits) ? TBFEvaluationErrorNone : domain->error;
 }
 
 Ref<Value> Function::execute(const FunctionCall& call, Ref<EvalMetadata>* metadata) const {

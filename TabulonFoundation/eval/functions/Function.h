@@ -9,11 +9,21 @@
 #include "runtime/Ref.h"
 #include "runtime/String.h"
 
+#include "eval/TBFEvaluationError.h"
+#include "m_apm.h"
+
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace TBF {
+
+// Where a function means something. Its body gives a value outside too, often 0, which says nothing.
+struct FunctionDomain {
+    bool (*contains)(std::span<const M_APM> arguments); // in the order of writing
+    TBFEvaluationError error;                           // of an argument outside
+};
 
 class Function final : public Object<Function> {
 public:
@@ -32,6 +42,13 @@ public:
     void setImplementation(std::unique_ptr<FunctionImplementation> newImplementation);
     TBFFunctionImplementationType implementationType() const;
 
+    // Without one, every argument is within it. Lives as long as the function.
+    void setDomain(const FunctionDomain* newDomain) { domain = newDomain; }
+
+    // What is wrong with the arguments: TBFEvaluationErrorNone within the domain, and for arguments that
+    // don't reach the body. Executing the function doesn't ask.
+    TBFEvaluationError errorOfDomain(std::span<Value* const> arguments) const;
+
     // The function's value for the arguments of the call. Too few arguments, or one that is not-a-number,
     // give not-a-number; null when there is no value, as after an error, which stands in the call's
     // context. `metadata`, if not null, receives what the function gathered, or null.
@@ -47,6 +64,7 @@ private:
     Ref<String> lowercase;
     std::vector<Ref<String>> otherNames;
     uint8_t leastArguments;
+    const FunctionDomain* domain = nullptr;
     std::unique_ptr<FunctionImplementation> implementation;
 };
 

@@ -66,15 +66,17 @@ Ref<Value> reciprocal(const FunctionCall& call, M_APM x) {
     return Value::create(Number::create(std::move(result), TBFNumberTypeDecimal));
 }
 
-// True at odd multiples of a quarter turn, to within the precision.
+// True at odd multiples of a quarter turn, to within the precision. Degrees hit them exactly; radians as well
+// as the digits of pi allow, of which the division of a typed pi/2 costs some.
 bool isPole(const FunctionCall& call, M_APM radians) {
     const int precision = call.registers.precision();
+    const int lostPlaces = isInDegrees(call) ? 1 : 3;
     Decimal halfTurns;
     m_apm_divide(halfTurns, precision, radians, MM_PI);
     Decimal quarterTurns;
     m_apm_multiply(quarterTurns, halfTurns, MM_Two);
     Decimal rounded;
-    m_apm_round(rounded, precision - 1, quarterTurns);
+    m_apm_round(rounded, precision - lostPlaces, quarterTurns);
     return m_apm_is_integer(rounded) && m_apm_is_odd(rounded);
 }
 

@@ -1,5 +1,6 @@
 #include "eval/operations/OperandCoercion.h"
 
+#include "eval/Settings.h"
 #include "eval/operations/BoundedArithmetic.h"
 #include "numbers/KernelLock.h"
 #include "numbers/MAPMContext.h"
@@ -27,6 +28,11 @@ CoercedOperands combined(CoercedOperands operands, Ref<UnitFraction> fraction) {
     return operands;
 }
 
+// As an exponent of units. A percentage isn't taken by its hundredth there.
+bool isFraction(const Number& exponent) {
+    return !exponent.isSpecial() && (exponent.isPercent() || !m_apm_is_integer(exponent.mapmRef()));
+}
+
 Ref<UnitFraction> raised(UnitFraction* fraction, int32_t degree) {
     const auto builder = UnitFractionBuilder::create();
     builder->addUnit(fraction, degree);
@@ -41,6 +47,10 @@ Ref<UnitFraction> combinedFraction(UnitFraction* left, UnitFraction* right, int3
 
 CoercedOperands withUnitOnLeft(TBFOperatorType operation, CoercedOperands operands, UnitFraction* fraction) {
     if (operation != TBFOperatorTypePower) return combined(std::move(operands), retain(fraction));
+    // A reading: no unit has such a degree, and the next lower one would be a false answer.
+    if (isFraction(*operands.right) && Settings::current().readings()) {
+        return refused(TBFEvaluationErrorRootOfUnit);
+    }
     const int32_t degree = operands.right->isSpecial() ? 0 : operands.right->int32Value();
     constexpr int32_t bound = UnitFraction::maximalDegree + 1;
     if (degree < -bound || degree > bound) return refused(TBFEvaluationErrorExponentTooLarge);
@@ -62,16 +72,53 @@ CoercedOperands withCommonUnits(const OperationTools& tools, CoercedOperands ope
     return operands;
 }
 
+// Of units as they were typed (5 km/m) an extra multiplier may not have reached the value yet. Units are
+// combined without it, so it has to be there first.
+CoercedOperands coerceUnsettled(const OperationTools& tools, TBFOperatorType operation, const Value& left,
+                                const Value& right) {
+    TBFEvaluationError error = TBFEvaluationErrorNone;
+    const auto settled = [&](const Value& value) {
+        if (value.number()->isSpecial()) return Value::create(retain(value.number()));
+        return valueInFraction(tools, value.number()->mapmRef(), value.number()->type(),
+                               retain(value.unitFraction()), error);
+    };
+    const Ref<Value> settledLeft = settled(left);
+    const Ref<Value> settledRight = settledLeft ? settled(right) : nullptr;
+    return settledRight ? coerceOperands(tools, operation, *settledLeft, *settledRight) : refused(error);
+}
+
+// The value without units, where those come to nothing in base types (1 GHz s). A plain number isn't added to
+// gigahertz seconds. Null for other values.
+Ref<Value> asPlainNumber(const OperationTools& tools, const Value& value) {
+    UnitFraction* const fraction = value.unitFraction();
+    if (!fraction) return retain(const_cast<Value*>(&value)); // values are immutable
+    if (!tools.simplifier || value.number()->isSpecial()) return nullptr;
+    Ref<UnitFraction> simplified = tools.simplifier->createSimplifiedUnitFraction(fraction);
+    if (!simplified || !simplified->isScalar()) return nullptr;
+    if (!simplified->hasExtraMultiplier()) return Value::create(retain(value.number()));
+    TBFEvaluationError error = TBFEvaluationErrorNone;
+    return valueInFraction(tools, value.number()->mapmRef(), value.number()->type(), std::move(simplified),
+                           error);
+}
+
 } // namespace
 
 CoercedOperands coerceOperands(const OperationTools& tools, TBFOperatorType operation, const Value& left,
                                const Value& right) {
     UnitFraction* const f = left.unitFraction();
     UnitFraction* const g = right.unitFraction();
+    if ((f && f->hasExtraMultiplier()) || (g && g->hasExtraMultiplier())) {
+        return coerceUnsettled(tools, operation, left, right);
+    }
     CoercedOperands operands;
     operands.left = retain(left.number());
     operands.right = retain(right.number());
     if (!f && !g) return operands;
+    if ((!f || !g) && (operation == TBFOperatorTypeAdd || operation == TBFOperatorTypeSubtract)) {
+        const Ref<Value> leftNumber = asPlainNumber(tools, left);
+        const Ref<Value> rightNumber = asPlainNumber(tools, right);
+        if (leftNumber && rightNumber) return coerceOperands(tools, operation, *leftNumber, *rightNumber);
+    }
     if (!g) return withUnitOnLeft(operation, std::move(operands), f);
     if (!f) return withUnitOnRight(operation, std::move(operands), g);
     switch (operation) {
@@ -109,7 +156,8 @@ TBFEvaluationError convertDigits(const OperationTools& tools, M_APM digits, Unit
     } else {
         arithmetic.multiply(r.r1(), digits, sourceMultiplier);
     }
-    if (inverted) {
+    // Without units every fraction is the inverse of every other, and none is meant.
+    if (inverted && !target->isScalar()) {
         arithmetic.divide(r.r0(), MM_One, r.r1());
         m_apm_copy(r.r1(), r.r0());
     }

@@ -2,6 +2,7 @@
 
 #include "environment/TCSettings.h"
 #include "environment/TCTrigonometryMode.h"
+#include "eval/TBFSettings.h"
 
 #include <gtest/gtest.h>
 
@@ -32,7 +33,21 @@ TEST(TCSettings, AreSetOnce) {
     if (!TCSettings::isSet()) TCSettings::make()->set();
     ASSERT_TRUE(TCSettings::isSet());
     EXPECT_FALSE(TCSettings::current()->enableExperimentalUnitsMode());
+    EXPECT_TRUE(TCSettings::current()->readings());
     EXPECT_DEATH(TCSettings::make()->set(), "Can only set settings once");
+}
+
+// In a process of its own, since settings are set once.
+TEST(TCSettingsDeathTest, ReadingsCanBeTurnedOff) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            const auto settings = TCSettings::make();
+            settings->setReadings(false);
+            settings->set();
+            std::exit(TBFSettingsGetBool(TBFSettingReadings) ? 1 : 0);
+        },
+        testing::ExitedWithCode(0), "");
 }
 
 TEST(TCTrigonometryMode, MapsUnknownModes) {

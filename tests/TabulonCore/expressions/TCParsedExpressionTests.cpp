@@ -55,7 +55,7 @@ TEST(TCParsedExpression, neighbours_follow_in_the_direction) {
     EXPECT_EQ(find(5, TCTokenDirectionBackward, 2, false), "4 3 ");
     EXPECT_EQ(find(5, TCTokenDirectionForward, 2, false), "");
 
-    const auto parsed = parser.parseExpression(expression(u"1 + 2"));
+    const auto parsed = parser.parseExpression(expression(std::u16string(u"1 + 2", 5)));
     std::string walked;
     parsed->enumerateTokensAfterToken(parsed->tokens().back().get(), TCTokenDirectionBackward,
                                       [&](const TCExpressionToken& token, bool& stop) {

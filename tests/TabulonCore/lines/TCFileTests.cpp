@@ -3,7 +3,6 @@
 #include "lines/TCFile.h"
 #include "results/TCResult.h"
 #include "results/TCResultFormattingOptions.h"
-#include "runtime/TBFLog.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -153,13 +152,11 @@ TEST(TCFile, saysWhyAFileCannotBeRead) {
     EXPECT_EQ(text.fileFormat(), TCFileFormatOther);
 
     std::ofstream(file.path) << "<?xml version=\"1.0\"?><data><lines>";
-    TBFErrorLogSetEnabled(0);
     TCFile broken(file.path);
     EXPECT_EQ(broken.fileFormat(), TCFileFormatUnreadable);
     EXPECT_FALSE(broken.lineCollection());
     EXPECT_THAT(broken.failureSentence(), HasSubstr("is cut off"));
     EXPECT_FALSE(TCFile(std::make_shared<TCLineCollection>()).writeToPath("/nowhere/at/all"));
-    TBFErrorLogSetEnabled(1);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // Answers with units, from the line to the text: a small set of units, made by hand.
 
+#include "bundle/LocalizedStrings.h"
 #include "environment/TCBuiltins.h"
 #include "environment/TCEnvironment.h"
 #include "environment/TCEvaluator.h"
@@ -174,6 +175,19 @@ TEST_F(ResultUnits, StatisticsAddWithUnits) {
     EXPECT_EQ(total(document({"2 km", "500 m", "prose"}), TCStatisticTypeTotal), "2,500 m");
     EXPECT_EQ(total(document({"2 km", "1 km"}), TCStatisticTypeAverage), "1.5 km");
     EXPECT_EQ(total(document({"2 km", "5 kg"}), TCStatisticTypeTotal), "-");
+    // Percentages add where every line with a value is one.
+    EXPECT_EQ(total(document({"10%", "", "20%", "prose"}), TCStatisticTypeTotal), "30");
+    EXPECT_EQ(total(document({"10%", "", "20"}), TCStatisticTypeTotal), "");
+}
+
+TEST(Statistics, TitlesFollowTheLanguage) {
+    EXPECT_EQ(TCStatisticTitle(TCStatisticTypeTotal), u"Total");
+    platform::setLocalizedStrings({{"Total", "Summe"}, {"Standard Deviation", "Standardabweichung"}});
+    EXPECT_EQ(TCStatisticTitle(TCStatisticTypeTotal), u"Summe");
+    EXPECT_EQ(TCStatisticTitle(TCStatisticTypeStandardDeviation), u"Standardabweichung");
+    EXPECT_EQ(TCStatisticTitle(TCStatisticTypeAverage), u"Average");
+    EXPECT_EQ(TCStatisticTitle(0), u"");
+    platform::setLocalizedStrings({});
 }
 
 } // namespace

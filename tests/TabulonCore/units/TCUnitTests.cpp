@@ -12,7 +12,6 @@
 #include "results/TCResult.h"
 #include "results/TCResultFormatter.h"
 #include "results/TCResultFormattingOptionsContextualizer.h"
-#include "runtime/TBFLog.h"
 #include "units/TCAliasUnit.h"
 #include "units/TCCompositeUnit.h"
 #include "units/TCUnitComposer.h"
@@ -61,7 +60,6 @@ protected:
 };
 
 TEST(UnitTypes, NumbersGoBothWays) {
-    TBFErrorLogSetEnabled(0);
     for (int32_t type = 0; type <= 22; ++type) {
         const bool down = (type >= 2 && type <= 19) || type == 21;
         const bool up = down || type == 1;
@@ -79,7 +77,6 @@ TEST(UnitTypes, NumbersGoBothWays) {
     EXPECT_EQ(TBFUnitStringFormFromTCUnitNameForm(TCUnitNameFormSingular), TBFUnitStringFormSingular);
     EXPECT_EQ(TBFUnitStringFormFromTCUnitNameForm(TCUnitNameFormPlural), TBFUnitStringFormPlural);
     EXPECT_EQ(TBFUnitStringFormFromTCUnitNameForm(static_cast<TCUnitNameForm>(3)), 0);
-    TBFErrorLogSetEnabled(1);
 }
 
 TEST_F(Units, NamesThatAreSetStandInFront) {
@@ -139,12 +136,10 @@ TEST_F(Units, AnAliasTakesFactorAndNotOffset) {
     EXPECT_EQ(made->factor(), u"1");
     EXPECT_FALSE(made->offset());
     EXPECT_EQ(made->type(), TCUnitTypeTemperature);
-    TBFErrorLogSetEnabled(0);
     EXPECT_FALSE(TCAliasUnit(u"w", unit(u"fall"), names).unitWithAliasUnitValue());
     EXPECT_FALSE(TCAliasUnit(u"w", nullptr, names).unitWithAliasUnitValue());
     const std::vector<std::shared_ptr<TCUnit>> many(200, unit(u"metre"));
     EXPECT_FALSE(TCUnitComposer::composeUnitWithIdentifier(u"x", TCUnitTypeArea, {}, many, {}));
-    TBFErrorLogSetEnabled(1);
 }
 
 TEST_F(Units, MoneyIsShownAloneOrPerSomething) {

@@ -3,7 +3,6 @@
 #include "UnitsData.h"
 #include "environment/TCEvaluator.h"
 #include "numbers/Number.h"
-#include "runtime/TBFLog.h"
 #include "units/TCPrefixedUnits.h"
 #include "units/TCUnitNameReader.h"
 
@@ -25,12 +24,6 @@ Names namesOf(const TCUnit& unit) {
             unit.nameForFormat(TCUnitNameFormatLong, TCUnitNameFormPlural),
             unit.nameForFormat(TCUnitNameFormatVeryShort), unit.nameForFormat(TCUnitNameFormatSymbol)};
 }
-
-class Quiet {
-public:
-    Quiet() { TBFErrorLogSetEnabled(0); }
-    ~Quiet() { TBFErrorLogSetEnabled(1); }
-};
 
 TEST(UnitsFile, UnitsComeWithFactorsNamesAndAliases) {
     const TCUnitsFile file = UnitsData::load();
@@ -173,7 +166,6 @@ PropertyList withFactor(PropertyList factor) {
 }
 
 TEST(UnitsFile, RowsThatCanNotBeUsedAreLeftOut) {
-    const Quiet quiet;
     UnitsData::load();
     PropertyList::Dictionary units{
         {"good", withFactor("2")},

@@ -1,7 +1,6 @@
 #include "document/FileReader.h"
 #include "document/FileWriter.h"
 #include "document/TBFFileReader.h"
-#include "runtime/TBFLog.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -127,7 +126,6 @@ TEST(FileReader, numbersTheLinesWhenAsked) {
 }
 
 TEST(FileReader, saysWhatIsWrongInOneSentence) {
-    TBFErrorLogSetEnabled(0);
     const std::string good = document("<lines><line><expression>1 + 2</expression></line></lines>");
     const struct {
         std::string bytes;
@@ -158,7 +156,6 @@ TEST(FileReader, saysWhatIsWrongInOneSentence) {
         EXPECT_THAT(reader.failureSentence(), testing::Not(HasSubstr("\n"))) << row.bytes;
         EXPECT_EQ(reader.lines(), nullptr);
     }
-    TBFErrorLogSetEnabled(1);
 }
 
 TEST(FileReader, refusesWhatIsNoFile) {

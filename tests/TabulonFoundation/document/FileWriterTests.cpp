@@ -2,7 +2,6 @@
 #include "document/FileWriter.h"
 #include "document/TBFFileWriter.h"
 #include "files/AtomicFile.h"
-#include "runtime/TBFLog.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -177,13 +176,11 @@ TEST(FileWriter, replacesAFileAsAWhole) {
 
 TEST(FileWriter, aFailureLeavesEverythingAsItWas) {
     const Folder folder;
-    TBFErrorLogSetEnabled(0);
     TBF::FileWriter writer;
     EXPECT_FALSE(writer.writeFile((folder.path / "no" / "a.tabulon").string()));
     EXPECT_THAT(writer.failureSentence(), testing::EndsWith("can't be written: No such file or directory."));
     EXPECT_FALSE(writer.writeFile(folder.path.string()));
     EXPECT_THAT(writer.failureSentence(), testing::EndsWith("can't be written: Is a directory."));
-    TBFErrorLogSetEnabled(1);
     EXPECT_EQ(folder.count(), 0u);
     // A disk without room.
     EXPECT_NE(platform::writeFileAtomically("/dev/full/x", "bytes"), 0);

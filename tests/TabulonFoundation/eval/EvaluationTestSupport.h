@@ -17,13 +17,13 @@ namespace evaltest {
 // Starts the foundation once for the process.
 void startFoundation();
 
-// Silences the error log for a scope, where a test goes down a logged path on purpose.
-class QuietErrorLog {
+// Turns the log on for a scope, where a test looks for a message, or that there is none.
+class LogIsOn {
 public:
-    QuietErrorLog() { TBFErrorLogSetEnabled(0); }
-    ~QuietErrorLog() { TBFErrorLogSetEnabled(1); }
-    QuietErrorLog(const QuietErrorLog&) = delete;
-    QuietErrorLog& operator=(const QuietErrorLog&) = delete;
+    LogIsOn() { TBFErrorLogSetEnabled(1); }
+    ~LogIsOn() { TBFErrorLogSetEnabled(0); }
+    LogIsOn(const LogIsOn&) = delete;
+    LogIsOn& operator=(const LogIsOn&) = delete;
 };
 
 // m, km, ft, kg, g, s, h, K, degC, J (an energy), L (a volume). Names are the identifiers.

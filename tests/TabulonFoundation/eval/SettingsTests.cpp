@@ -15,12 +15,17 @@ TEST(Settings, HaveDefaultsAndReportChanges) {
     EXPECT_FALSE(TBFSettingsGetBool(TBFSettingAllowsVariableRedefinitions));
     EXPECT_THROW(TBFSettingsGetBool("TBFSettingOfNobody"), std::out_of_range);
 
+    EXPECT_TRUE(TBF::Settings::current().readings());
+
     const auto settings = TBF::Settings::create();
+    const evaltest::LogIsOn log;
     testing::internal::CaptureStderr();
     settings->setBool(TBFSettingEnableExperimentalUnits, false);
     settings->setBool(TBFSettingEnableExperimentalUnits, true);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "TBFSettings: TBFSettingEnableExperimentalUnits -> on\n");
+    settings->setBool(TBFSettingReadings, false);
+    EXPECT_FALSE(settings->readings());
 }
 
 TEST(Settings, StartingTwiceIsHarmlessAndSettingTwiceIsFatal) {

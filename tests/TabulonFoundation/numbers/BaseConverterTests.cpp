@@ -1,6 +1,7 @@
 #include "numbers/BaseConverter.h"
 #include "numbers/TBFBaseConverter.h"
 #include "runtime/String.h"
+#include "runtime/TBFLog.h"
 
 #include <gtest/gtest.h>
 
@@ -59,8 +60,11 @@ TEST(BaseConverter, writesTheWholePartWithSignAndPrefix) {
 }
 
 TEST(BaseConverter, refusesOtherBasesAndLongTexts) {
+    EXPECT_EQ(BaseConverter::fromDecimal("5", 8, false), std::nullopt);
+    TBFErrorLogSetEnabled(1);
     testing::internal::CaptureStderr();
     EXPECT_EQ(BaseConverter::fromDecimal("5", 8, false), std::nullopt);
+    TBFErrorLogSetEnabled(0);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "error: can't convert to base 8. only bases 2, 16 are supported.\n");
     EXPECT_TRUE(BaseConverter::fromDecimal(std::string(500, '9'), 2, false));

@@ -6,7 +6,6 @@
 #include "numbers/Value.h"
 #include "parser/ExpressionTree.h"
 #include "parser/TBFExpressionNode.h"
-#include "runtime/TBFLog.h"
 #include "units/AmbiguousUnit.h"
 #include "units/UnitContainer.h"
 #include "units/UnitFraction.h"
@@ -74,7 +73,6 @@ TEST(ExpressionNode, a_function_counts_its_argument_list_as_its_only_child) {
 }
 
 TEST(ExpressionNode, a_property_of_another_kind_of_node_is_absent) {
-    TBFErrorLogSetEnabled(0);
     const auto number = operand(1);
     number->setOperatorType(TBFOperatorTypeAdd);
     number->setOperands(operand(2), operand(3));
@@ -83,7 +81,6 @@ TEST(ExpressionNode, a_property_of_another_kind_of_node_is_absent) {
     EXPECT_TRUE(number->children().empty());
     EXPECT_EQ(number->function(), nullptr);
     EXPECT_EQ(TBFEmptyOperandExpressionNode::create()->number(), nullptr);
-    TBFErrorLogSetEnabled(1);
 
     EXPECT_EQ(TBFExpressionNodeGetType(nullptr), TBFExpressionNodeTypeNone);
     EXPECT_EQ(TBFExpressionNodeGetCountOfChildren(nullptr), 0);

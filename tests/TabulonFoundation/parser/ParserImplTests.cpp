@@ -1,7 +1,9 @@
 #include "parser/TokenNotation.h"
 
+#include "parser/OperatorTables.h"
 #include "parser/ParserImpl.h"
 #include "parser/TBFParser.h"
+#include "runtime/TBFLog.h"
 
 #include <gtest/gtest.h>
 
@@ -24,6 +26,19 @@ void expectTrees(std::initializer_list<Row> rows) {
     for (const Row& row : rows) {
         EXPECT_EQ(printedTree(row.notation), row.tree) << "row " << row.line << ": " << row.notation;
     }
+}
+
+// Its class is none, which is no fault: nothing is logged.
+TEST(OperatorTables, modulo_between_brackets_is_the_weakest) {
+    TBFErrorLogSetEnabled(1);
+    testing::internal::CaptureStderr();
+    const TBFOperatorPrecedence precedence = TBF::operatorPrecedence(TBFOperatorTypeModulo);
+    const TBF::OperatorStrength strength = TBF::TBFOperatorPrecedenceGet_new(precedence);
+    TBFErrorLogSetEnabled(0);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(precedence, TBFOperatorPrecedenceNone);
+    EXPECT_EQ(strength.strength, 0);
+    EXPECT_FALSE(strength.rightAssociative);
 }
 
 TEST(ParserImpl, stronger_operators_bind_first) {

@@ -56,6 +56,12 @@ TEST(Result, ANullResultHasTheMaskAsItsCode) {
     EXPECT_EQ(TBFResultGetExponent(result("1234.5").get()), 3);
 }
 
+// A number with a digit repeated behind it.
+std::string withDigits(std::string text, std::size_t count, char digit) {
+    text.append(count, digit);
+    return text;
+}
+
 std::string sexagesimal(std::string_view text, int32_t places, bool trailingZeros = false) {
     const auto parts = degreesMinutesSeconds(*result(text), places, trailingZeros, 3);
     return parts ? parts->degrees + ' ' + parts->minutes + ' ' + parts->seconds : "none";
@@ -70,8 +76,8 @@ TEST(Result, SplitsIntoDegreesMinutesAndSeconds) {
     EXPECT_EQ(sexagesimal("9999999999", 2), "9,999,999,999 0 0");
     EXPECT_EQ(sexagesimal("10000000000", 2), "none");
     EXPECT_EQ(sexagesimal("", 2), "none");
-    EXPECT_EQ(sexagesimal("1.5" + std::string(1021, '0'), 0), "1 30 0");
-    EXPECT_EQ(sexagesimal("1.5" + std::string(1022, '0'), 0), "none");
+    EXPECT_EQ(sexagesimal(withDigits("1.5", 1021, '0'), 0), "1 30 0");
+    EXPECT_EQ(sexagesimal(withDigits("1.5", 1022, '0'), 0), "none");
 }
 
 std::string fraction(std::string_view text, bool mixed) {
@@ -94,9 +100,9 @@ TEST(Result, FindsFractions) {
         "70388503875343276415727";
     const Row rows[] = {
         {"0.5", false, "1/2"},
-        {"0." + std::string(100, '3'), false, "1/3"},
-        {"-0." + std::string(100, '3'), false, "-1/3"},
-        {"-0." + std::string(99, '6') + "7", false, "-2/3"},
+        {withDigits("0.", 100, '3'), false, "1/3"},
+        {withDigits("-0.", 100, '3'), false, "-1/3"},
+        {withDigits("-0.", 99, '6') + "7", false, "-2/3"},
         {"1.5", true, "1 1/2"},
         {"1.5", false, "3/2"},
         {"-1.5", true, "-1 1/2"},
@@ -106,8 +112,8 @@ TEST(Result, FindsFractions) {
         {rootOfTwo, false, "none"},
         {"5", true, "none"},
         {"", true, "none"},
-        {"0." + std::string(254, '3'), false, "1/3"},
-        {"0." + std::string(255, '3'), false, "none"}, // too long a text
+        {withDigits("0.", 254, '3'), false, "1/3"},
+        {withDigits("0.", 255, '3'), false, "none"}, // too long a text
     };
     for (const Row& row : rows)
         EXPECT_EQ(fraction(row.text, row.mixed), row.expected) << row.text;

@@ -1,5 +1,7 @@
 #include "runtime/TBFLog.h"
 
+#include "m_apm.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
@@ -10,8 +12,10 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 std::string logged(void (*action)()) {
+    TBFErrorLogSetEnabled(1);
     testing::internal::CaptureStderr();
     action();
+    TBFErrorLogSetEnabled(0);
     return testing::internal::GetCapturedStderr();
 }
 
@@ -30,11 +34,16 @@ TEST(TBFLog, AnEmptyMessageHasNoLine) {
               "VerifyTrue failed: (a == b) in function void f(), File.cpp:12\n");
 }
 
-TEST(TBFLog, ErrorLogCanBeTurnedOff) {
-    TBFErrorLogSetEnabled(0);
-    const std::string text = logged([] { TBFErrorLog("unseen"); });
-    TBFErrorLogSetEnabled(1);
-    EXPECT_EQ(text, "");
+// One switch for the errors and for the kernel's warnings.
+TEST(TBFLog, IsOffUntilItIsTurnedOn) {
+    const auto speak = [] {
+        TBFErrorLog("an error");
+        M_apm_log_error_msg(false, "a warning");
+    };
+    testing::internal::CaptureStderr();
+    speak();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_THAT(logged(speak), testing::EndsWith("\nan error\nMAPM Warning: a warning\n"));
 }
 
 TEST(TBFLogDeathTest, VerifyTrueEndsTheProcess) {

@@ -59,6 +59,50 @@ TEST(UnitFractionTests, unitsCancelByTypeAndLeaveTheirFactors) {
     }
 }
 
+TEST(UnitFractionTests, whatAPartialCancellationLeavesGoesWithTheUnits) {
+    const auto build = [](const char* first, int32_t degree, const char* second) {
+        const auto builder = UnitFractionBuilder::create();
+        builder->addUnit(words().fraction(first).get(), degree);
+        builder->addUnit(words().fraction(second).get(), 1);
+        return builder->unitFraction();
+    };
+    const struct {
+        const char* first;
+        int32_t degree;
+        const char* second;
+        const char* shown;
+        const char* residue;
+        const char* extraMultiplier;
+        const char* multiplier;
+    } cases[] = {
+        {"km / m^2", 1, "s", "m:-1 s:1", "1000", "none", "1000"},
+        {"km / m^2", -1, "s", "m:1 s:1", "0.001", "none", "0.001"},
+        {"km / m^2", 3, "s", "m:-3 s:1", "1000000000", "none", "1000000000"},
+        // Where nothing is left of the type, it is no more than a number.
+        {"km / m^2", 1, "m", "", "none", "1000", "1000"},
+        {"km / m^2", 1, "m min", "min:1", "1000", "none", "60000"},
+        // A kilometre survives, shown as the metre that was written last.
+        {"km^2 / h^2", 1, "s^2 / m", "m:1", "1000", "0.00000007716049382716049382716",
+         "0.077160493827160493827160493827"},
+        {"m ft / m", 1, "s", "ft:1 s:1", "none", "none", "0.3048"},
+    };
+    for (const auto& row : cases) {
+        const auto fraction = build(row.first, row.degree, row.second);
+        EXPECT_EQ(shownUnits(*fraction), row.shown) << row.first;
+        EXPECT_EQ(plain(fraction->residue()), row.residue) << row.first;
+        EXPECT_EQ(plain(fraction->extraMultiplier()), row.extraMultiplier) << row.first;
+        EXPECT_EQ(plain(fraction->multiplier()), row.multiplier) << row.first;
+        // A copy without the extra multiplier, times it, is the whole again.
+        const auto copy = fraction->copyWithRecomputedMultiplier();
+        EXPECT_FALSE(copy->hasExtraMultiplier()) << row.first;
+        EXPECT_EQ(plain(copy->unitMultiplier()), plain(fraction->unitMultiplier())) << row.first;
+    }
+    const auto builder = words().builder("km / m^2");
+    const auto upright = UnitFractionBuilder::create(builder->unitFraction().get());
+    upright->invert();
+    EXPECT_EQ(plain(upright->multiplier()), "0.001");
+}
+
 TEST(UnitFractionTests, theLastUnitOfASideSurvives) {
     const auto builder = UnitFractionBuilder::create();
     builder->addUnit(words().unit("m"), 1);

@@ -69,6 +69,42 @@ void expectRows(const std::vector<Row>& rows) {
     }
 }
 
+// Outside of its domain a function keeps the value that its body gives; the domain tells that it says
+// nothing.
+TEST(StandardFunctions, TellWhatIsOutsideOfTheirDomain) {
+    const struct {
+        Row row;
+        TBFEvaluationError error;
+    } rows[] = {
+        {{"asin", {"2"}, "0"}, TBFEvaluationErrorOutsideDomain},
+        {{"acos", {"-1.01"}, "0"}, TBFEvaluationErrorOutsideDomain},
+        {{"asin", {"50%"}, "0"}, TBFEvaluationErrorOutsideDomain},
+        {{"asin", {"-1"}, "-1.57.."}, TBFEvaluationErrorNone},
+        {{"acosh", {"0.5"}, "0"}, TBFEvaluationErrorOutsideDomain},
+        {{"acosh", {"1"}, "0"}, TBFEvaluationErrorNone},
+        {{"atanh", {"-1"}, "0"}, TBFEvaluationErrorOutsideDomain},
+        {{"atanh", {"0.999"}, "3.8.."}, TBFEvaluationErrorNone},
+        {{"pow", {"0", "-1"}, "0"}, TBFEvaluationErrorDivideByZero},
+        {{"pow", {"0", "0"}, "1"}, TBFEvaluationErrorNone},
+        {{"choose", {"3", "5"}, "0.05"}, TBFEvaluationErrorOutsideDomain},
+        {{"choose", {"4.5", "2"}, "7.875"}, TBFEvaluationErrorNone},
+        // What doesn't reach the body, and a function without a domain.
+        {{"asin", {"inf"}, "nan"}, TBFEvaluationErrorNone},
+        {{"pow", {"0"}, "nan"}, TBFEvaluationErrorNone},
+        {{"sin", {"0"}, "0"}, TBFEvaluationErrorNone},
+    };
+    for (const auto& [row, error] : rows) {
+        expectRows({row});
+        std::vector<Ref<Value>> owners;
+        std::vector<Value*> values;
+        for (const std::string& word : row.arguments)
+            values.push_back(owners.emplace_back(argument(word)).get());
+        const auto name = String::createWithUTF8(row.name);
+        EXPECT_EQ(FunctionList::standard().find(*name).function->errorOfDomain(values), error)
+            << row.name << " of " << row.arguments[0];
+    }
+}
+
 TEST(StandardFunctions, AnglesFollowTheMode) {
     expectRows({
         {"sin", {"180"}, "0", 1},

@@ -139,7 +139,6 @@ TEST(Operations, SpecialNumbersFollowTheirRules) {
 }
 
 TEST(Operations, ErrorsAreCodes) {
-    const evaltest::QuietErrorLog quiet;
     constexpr Row rows[] = {
         {__LINE__, divide, "100", "0", "error 9"},
         {__LINE__, divide, "100", "0%", "error 9"},

@@ -1,6 +1,7 @@
 // Objects: making, freeing, storage, normal form, reports.
 
 #include "m_apm_fields.h"
+#include "m_apm_work.h"
 #include "scratch.h"
 
 #include <cstdio>
@@ -42,6 +43,8 @@ void M_apm_log_error_msg(bool fatal, const char* message) {
         std::fprintf(stderr, "MAPM Error: %s\n", message);
         std::exit(100);
     }
+    // A 0 in place of a result that was refused isn't worth a message.
+    if (m_apm_work_is_spent()) return;
     std::fprintf(stderr, "MAPM Warning: %s\n", message);
 }
 

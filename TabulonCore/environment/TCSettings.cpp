@@ -25,6 +25,7 @@ void TCSettings::set() {
     VerifyTrue(!isSet(), "Can only set settings once");
     const auto settings = TBF::Settings::create();
     settings->setBool(TBFSettingEnableExperimentalUnits, experimentalUnits);
+    settings->setInteger(TBFSettingLineBudget, stepsOfLine);
     TBFoundationInit(settings.get());
     currentSettings() = shared_from_this();
 }

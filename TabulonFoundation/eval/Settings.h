@@ -7,6 +7,7 @@
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 
+#include <cstdint>
 #include <map>
 #include <string>
 #include <string_view>
@@ -23,9 +24,13 @@ public:
     // Throws std::out_of_range for an unknown name.
     bool boolValue(std::string_view name) const;
 
-    // Two settings that every analysis of a line asks for.
+    void setInteger(std::string_view name, int64_t value);
+    int64_t integerValue(std::string_view name) const;
+
+    // Settings that every analysis of a line asks for.
     bool allowsVariableRedefinitions() const { return redefinitions; }
     bool usesNewEvaluatorImpl() const { return newEvaluator; }
+    int64_t lineBudget() const { return budget; }
 
     // The settings of the process; the defaults as long as none were set. Setting them again ends the
     // process.
@@ -40,8 +45,10 @@ private:
     void noteChanges();
 
     std::map<std::string, bool, std::less<>> values;
-    bool redefinitions = false; // both as in `values`
+    std::map<std::string, int64_t, std::less<>> integers;
+    bool redefinitions = false; // as in `values` and `integers`, the three
     bool newEvaluator = false;
+    int64_t budget = 0;
 };
 
 } // namespace TBF

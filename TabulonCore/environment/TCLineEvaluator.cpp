@@ -25,10 +25,6 @@ int64_t TCLineEvaluator::evaluateLine(TCLine& line, std::optional<int64_t> budge
         line.setResult(TCResult::emptyResult());
         return 0;
     }
-    if (budget == 0) {
-        line.setResult(TCResult::resultWithErrorType(TCErrorTypeTakesTooLong));
-        return 0;
-    }
     evaluator->setTrigMode(line.trigonometryMode());
     evaluator->setBudget(budget);
     TCIndexPath path;

@@ -12,6 +12,6 @@ class TCLineEvaluator {
 public:
     // Sets the line's result: the empty one for plain text and for lines without anything to evaluate, an
     // error for a line that is too long. A budget, in steps of work, stands in place of that of the settings;
-    // with 0 there is none left, and what would be evaluated takes too long. Answers the steps that it took.
+    // with 0 whatever has a value takes too long. Answers the steps that it took.
     static int64_t evaluateLine(TCLine& line, std::optional<int64_t> budget = std::nullopt);
 };

@@ -267,7 +267,7 @@ public:
         int64_t bound = replacementBound;
         do {
             RKLReplacementWalk walk;
-            walk.skipsEmptyMatches = true;
+            walk.refusesEmptyMatches = true;
             if (count > 0) walk.limit = bound - count;
             walk.capture = mapping.rightCaptureNumber.value_or(0);
             if (RegexKitLite::replaceOccurrencesOfRegex(text, mapping.regex, mapping.replacement,

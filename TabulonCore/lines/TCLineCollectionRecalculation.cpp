@@ -22,7 +22,7 @@ TCLineCollection::PreEvaluationBlock& preEvaluationBlock() {
     return block;
 }
 
-constexpr int64_t noSteps = 0; // for a line that isn't begun any more
+constexpr int64_t noSteps = 0; // for a line that isn't begun any more; prose stays without an answer
 
 int64_t standardBatchBudget() {
     const auto settings = TCSettings::current();

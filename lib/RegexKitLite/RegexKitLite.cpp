@@ -126,7 +126,10 @@ public:
         int64_t copiedTo = range.location;
         while (static_cast<int64_t>(walk.made.size()) < walk.limit && findNext()) {
             const RKLRange matched = capture(0);
-            if (matched.length == 0 && walk.skipsEmptyMatches) continue;
+            if (matched.length == 0 && walk.refusesEmptyMatches) {
+                status = U_REGEX_STOPPED_BY_CALLER;
+                return 0;
+            }
             const int64_t written = uregex_appendReplacement(
                 icu(), units, static_cast<int32_t>(replacement.size()), &place, &room, &status);
             forgiveOverflow();

@@ -50,7 +50,7 @@ struct RKLReplacement {
 struct RKLReplacementWalk {
     int64_t limit = std::numeric_limits<int64_t>::max(); // replacements at most
     int64_t capture = 0;                                 // the one to note
-    bool skipsEmptyMatches = false;                      // and leaves them as they are
+    bool refusesEmptyMatches = false;                    // a text with one stays as it is
     std::vector<RKLReplacement> made;                    // in ascending order
 };
 

@@ -3,7 +3,7 @@
 #include "QuickLookGeneratorPlugin.h"
 #include "bootstrap.h"
 #include "bundle/Bundle.h"
-#include "environment/TCSettings.h"
+#include "numbers/WorkBudget.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -19,6 +19,9 @@ constexpr const char* contentName = "TBContent.bundle";
 
 // From the folder of the program: where an installation and where a build has the content.
 constexpr const char* contentPlaces[] = {TABULON_CONTENT_FROM_PROGRAM, "share/tabulon"};
+
+// A minute's worth of lines for a document.
+constexpr int64_t documentBudget = 60 * TBF::standardLineBudget;
 
 bool hasContent(const fs::path& folder) {
     std::error_code ignored;
@@ -49,12 +52,7 @@ void reportMissingContent(const std::vector<fs::path>& places) {
 } // namespace
 
 void hostPlugIn(const HostOptions& options) {
-    if (options.plainRules) {
-        const auto settings = TCSettings::make();
-        settings->setReadings(false);
-        settings->set();
-    }
-    setBootstrapChoices({options.language, options.dataFolder});
+    setBootstrapChoices({options.language, options.dataFolder, documentBudget, !options.plainRules});
     const std::vector<fs::path> places = placesOfContent(options);
     const auto found = std::find_if(places.begin(), places.end(), hasContent);
     if (found == places.end()) return reportMissingContent(places);

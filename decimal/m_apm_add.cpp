@@ -2,6 +2,7 @@
 
 #include "m_apm_fields.h"
 #include "scratch.h"
+#include "work.h"
 
 #include <algorithm>
 
@@ -62,6 +63,10 @@ void addWithSign(M_APM r, M_APM_const a, M_APM_const b, int signB) {
     M_APM_const smaller = order >= 0 ? b : a;
     const int sign = order >= 0 ? a->sign : signB;
     const Overlay overlay = overlayOf(a, b);
+    if (!chargeLinear(overlay.count)) {
+        M_set_to_zero(r);
+        return;
+    }
     if (r == a || r == b) {
         Scratch scratch;
         Limb* target = scratch.take(overlay.count + 1);

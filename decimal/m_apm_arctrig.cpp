@@ -3,6 +3,7 @@
 
 #include "fixed.h"
 #include "transcendental.h"
+#include "work.h"
 
 #include <algorithm>
 #include <cmath>
@@ -112,12 +113,22 @@ void M_arctan(M_APM r, std::int64_t digits, M_APM_const a) {
 }
 
 void m_apm_arctan(M_APM r, int places, M_APM_const a) {
+    const FunctionWork work(places, a);
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
+        return;
+    }
     ScratchValue result;
     M_arctan(result, M_digits_for(places), a);
     m_apm_round(r, places, result);
 }
 
 void m_apm_arcsin(M_APM r, int places, M_APM_const a) {
+    const FunctionWork work(places, a);
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
+        return;
+    }
     if (isOutOfRange(r, a, "'m_apm_arcsin', |Argument| > 1")) return;
     const std::int64_t digits = M_digits_for(places);
     const int sign = a->sign;
@@ -138,6 +149,11 @@ void m_apm_arcsin(M_APM r, int places, M_APM_const a) {
 }
 
 void m_apm_arccos(M_APM r, int places, M_APM_const a) {
+    const FunctionWork work(places, a);
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
+        return;
+    }
     if (isOutOfRange(r, a, "'m_apm_arccos', |Argument| > 1")) return;
     const std::int64_t digits = M_digits_for(places);
     ScratchValue result;
@@ -158,6 +174,11 @@ void m_apm_arccos(M_APM r, int places, M_APM_const a) {
 }
 
 void m_apm_arctan2(M_APM r, int places, M_APM_const y, M_APM_const x) {
+    const FunctionWork work(places, limbCount(y) > limbCount(x) ? y : x);
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
+        return;
+    }
     const std::int64_t digits = M_digits_for(places);
     if (x->sign == 0 && y->sign == 0) {
         M_apm_log_error_msg(false, "'m_apm_arctan2', Both Inputs = 0");

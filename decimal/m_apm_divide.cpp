@@ -3,6 +3,7 @@
 
 #include "m_apm_fields.h"
 #include "scratch.h"
+#include "work.h"
 
 #include <algorithm>
 
@@ -28,6 +29,10 @@ bool divideDownTo(M_APM r, M_APM_const a, M_APM_const b, std::int64_t low, Remai
     }
     const auto na = static_cast<std::size_t>(dividendLimbs);
     const std::size_t nb = limbCount(b);
+    if (!chargeQuotient(na - nb + 1, nb)) {
+        M_set_to_zero(r);
+        return false;
+    }
     const bool tested = remainder == Remainder::Tested;
     Scratch scratch;
     Limb* dividend = scratch.take(na);

@@ -3,6 +3,7 @@
 
 #include "fixed.h"
 #include "transcendental.h"
+#include "work.h"
 
 #include <algorithm>
 #include <cmath>
@@ -93,6 +94,11 @@ bool M_exp(M_APM r, std::int64_t digits, M_APM_const a) {
 }
 
 void m_apm_exp(M_APM r, int places, M_APM_const a) {
+    const FunctionWork work(places, a);
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
+        return;
+    }
     ScratchValue result;
     if (!M_exp(result, M_digits_for(places), a)) {
         M_apm_log_error_msg(false, "'m_apm_exp', Input too large, Overflow");

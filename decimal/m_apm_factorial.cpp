@@ -3,6 +3,7 @@
 
 #include "m_apm_fields.h"
 #include "scratch.h"
+#include "work.h"
 
 using namespace mapm;
 
@@ -10,11 +11,17 @@ namespace {
 
 // A range of this many factors is multiplied up one by one.
 constexpr Limb kLeafFactors = 32;
+// What a factor with a fraction counts at least.
+constexpr std::int64_t kStepsOfAFactor = 200;
 // Factors up to here fit a limb in pairs.
 constexpr Limb kPairLimit = 900'000'000;
 
 // r = first x (first + 1) x ... x last.
 void productOfRange(M_APM r, Limb first, Limb last) {
+    if (m_apm_work_is_spent()) {
+        M_set_to_zero(r);
+        return;
+    }
     if (last - first < kLeafFactors) {
         Limb limbs[kLeafFactors + 2] = {1};
         std::size_t n = 1;
@@ -41,7 +48,7 @@ void productDownward(M_APM r, M_APM_const a) {
     ScratchValue product;
     m_apm_copy(factor, a);
     m_apm_copy(product, a);
-    while (m_apm_compare(factor, MM_Two) > 0) {
+    while (m_apm_compare(factor, MM_Two) > 0 && m_apm_charge(kStepsOfAFactor)) {
         m_apm_subtract(factor, factor, MM_One);
         m_apm_multiply(product, product, factor);
     }
@@ -56,6 +63,10 @@ void m_apm_factorial(M_APM r, M_APM_const a) {
         return;
     }
     if (a->low == 0 && a->count == 1) {
+        if (!m_apm_charge(stepsOfFactorial(a->limbs[0]))) {
+            M_set_to_zero(r);
+            return;
+        }
         ScratchValue product;
         productOfRange(product, 2, a->limbs[0]);
         m_apm_copy(r, product);

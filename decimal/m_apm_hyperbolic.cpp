@@ -3,6 +3,7 @@
 
 #include "scratch.h"
 #include "transcendental.h"
+#include "work.h"
 
 #include <algorithm>
 
@@ -52,9 +53,19 @@ void logOfSum(M_APM r, std::int64_t digits, M_APM_const a, M_APM_const offset) {
     M_log(r, digits, sum);
 }
 
+// An argument of many digits may lie so near to 1 that as many are lost.
+std::int64_t digitsNearOne(M_APM_const a) {
+    return limbCount(a) > kFreeLimbs && exponentOf(a) <= 1 ? a->count * kLimbDigits : 0;
+}
+
 } // namespace
 
 void m_apm_sinh(M_APM r, int places, M_APM_const a) {
+    const FunctionWork work(places, a);
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
+        return;
+    }
     const std::int64_t digits = M_digits_for(places);
     if (a->sign == 0 || M_is_negligible_square(digits, a)) {
         m_apm_round(r, places, a);
@@ -74,6 +85,11 @@ void m_apm_sinh(M_APM r, int places, M_APM_const a) {
 }
 
 void m_apm_cosh(M_APM r, int places, M_APM_const a) {
+    const FunctionWork work(places, a);
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
+        return;
+    }
     const std::int64_t digits = M_digits_for(places);
     if (M_is_negligible_square(digits, a)) {
         m_apm_copy(r, MM_One);
@@ -91,6 +107,11 @@ void m_apm_cosh(M_APM r, int places, M_APM_const a) {
 }
 
 void m_apm_tanh(M_APM r, int places, M_APM_const a) {
+    const FunctionWork work(places, a);
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
+        return;
+    }
     const std::int64_t digits = M_digits_for(places);
     if (a->sign == 0 || M_is_negligible_square(digits, a)) {
         m_apm_round(r, places, a);
@@ -118,6 +139,11 @@ void m_apm_tanh(M_APM r, int places, M_APM_const a) {
 }
 
 void m_apm_arcsinh(M_APM r, int places, M_APM_const a) {
+    const FunctionWork work(places, a);
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
+        return;
+    }
     const std::int64_t digits = M_digits_for(places);
     if (a->sign == 0 || M_is_negligible_square(digits, a)) {
         m_apm_round(r, places, a);
@@ -133,6 +159,11 @@ void m_apm_arcsinh(M_APM r, int places, M_APM_const a) {
 }
 
 void m_apm_arccosh(M_APM r, int places, M_APM_const a) {
+    const FunctionWork work(places, a, digitsNearOne(a));
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
+        return;
+    }
     if (m_apm_compare(a, MM_One) < 0) {
         M_apm_log_error_msg(false, "'m_apm_arccosh', Argument < 1");
         M_set_to_zero(r);
@@ -151,6 +182,11 @@ void m_apm_arccosh(M_APM r, int places, M_APM_const a) {
 }
 
 void m_apm_arctanh(M_APM r, int places, M_APM_const a) {
+    const FunctionWork work(places, a, digitsNearOne(a));
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
+        return;
+    }
     if (M_compare_magnitude(a, MM_One) >= 0) {
         M_apm_log_error_msg(false, "'m_apm_arctanh', |Argument| >= 1");
         M_set_to_zero(r);

@@ -3,6 +3,7 @@
 
 #include "fixed.h"
 #include "transcendental.h"
+#include "work.h"
 
 #include <algorithm>
 #include <cmath>
@@ -122,6 +123,11 @@ void M_log(M_APM r, std::int64_t digits, M_APM_const a) {
 }
 
 void m_apm_log(M_APM r, int places, M_APM_const a) {
+    const FunctionWork work(places, a);
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
+        return;
+    }
     if (a->sign <= 0) {
         M_apm_log_error_msg(false, "'m_apm_log', Negative argument");
         M_set_to_zero(r);
@@ -133,6 +139,11 @@ void m_apm_log(M_APM r, int places, M_APM_const a) {
 }
 
 void m_apm_log10(M_APM r, int places, M_APM_const a) {
+    const FunctionWork work(places, a);
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
+        return;
+    }
     if (a->sign <= 0) {
         M_apm_log_error_msg(false, "'m_apm_log', Negative argument");
         M_set_to_zero(r);

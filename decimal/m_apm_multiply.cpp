@@ -2,11 +2,12 @@
 
 #include "m_apm_fields.h"
 #include "scratch.h"
+#include "work.h"
 
 using namespace mapm;
 
 void m_apm_multiply(M_APM r, M_APM_const a, M_APM_const b) {
-    if (a->sign == 0 || b->sign == 0) {
+    if (a->sign == 0 || b->sign == 0 || !chargeProduct(limbCount(a), limbCount(b))) {
         M_set_to_zero(r);
         return;
     }
@@ -30,6 +31,10 @@ void m_apm_multiply(M_APM r, M_APM_const a, M_APM_const b) {
 
 void M_multiply_small(M_APM r, M_APM_const a, Limb factor) {
     const std::size_t n = limbCount(a);
+    if (!chargeLinear(n)) {
+        M_set_to_zero(r);
+        return;
+    }
     if (r == a) {
         Scratch scratch;
         Limb* target = scratch.take(n + 1);

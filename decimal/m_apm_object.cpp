@@ -1,6 +1,7 @@
 // Objects: making, freeing, storage, normal form, reports.
 
 #include "m_apm_fields.h"
+#include "m_apm_work.h"
 #include "scratch.h"
 
 #include <cstdio>
@@ -43,7 +44,8 @@ void M_apm_log_error_msg(bool fatal, const char* message) {
         std::fprintf(stderr, "MAPM Error: %s\n", message);
         std::exit(100);
     }
-    if (warningsEnabled) std::fprintf(stderr, "MAPM Warning: %s\n", message);
+    // A 0 in place of a result that was refused isn't worth a message.
+    if (warningsEnabled && !m_apm_work_is_spent()) std::fprintf(stderr, "MAPM Warning: %s\n", message);
 }
 
 void m_apm_set_warnings_enabled(bool enabled) {

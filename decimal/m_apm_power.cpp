@@ -2,6 +2,7 @@
 
 #include "fixed.h"
 #include "transcendental.h"
+#include "work.h"
 
 #include <algorithm>
 #include <cmath>
@@ -125,6 +126,11 @@ void m_apm_pow(M_APM r, int places, M_APM_const a, M_APM_const b) {
     if (a->sign < 0) {
         M_apm_log_error_msg(false, "'m_apm_log', Negative argument");
         m_apm_copy(r, MM_One);
+        return;
+    }
+    const FunctionWork work(places, limbCount(b) > limbCount(a) ? b : a);
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
         return;
     }
     // The digits before the point of b ln a come on top of those wanted; past a dozen the result overflows.

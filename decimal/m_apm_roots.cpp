@@ -2,6 +2,7 @@
 
 #include "fixed.h"
 #include "transcendental.h"
+#include "work.h"
 
 #include <algorithm>
 #include <cmath>
@@ -26,6 +27,11 @@ void M_root(M_APM r, std::int64_t digits, M_APM_const a) {
 }
 
 void m_apm_sqrt(M_APM r, int places, M_APM_const a) {
+    const FunctionWork work(places, a);
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
+        return;
+    }
     if (a->sign <= 0) {
         if (a->sign < 0) M_apm_log_error_msg(false, "'m_apm_sqrt', Negative argument");
         M_set_to_zero(r);
@@ -65,6 +71,11 @@ void inverseCubeRoot(M_APM y, std::int64_t digits, M_APM_const x) {
 } // namespace
 
 void m_apm_cbrt(M_APM r, int places, M_APM_const a) {
+    const FunctionWork work(places, a);
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
+        return;
+    }
     if (a->sign == 0) {
         M_set_to_zero(r);
         return;

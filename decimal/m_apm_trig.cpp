@@ -3,6 +3,7 @@
 
 #include "fixed.h"
 #include "transcendental.h"
+#include "work.h"
 
 #include <algorithm>
 #include <cmath>
@@ -78,6 +79,12 @@ int reduceAngle(M_APM rest, std::int64_t digits, M_APM_const a) {
     }
     M_round_digits(rest, rest, digits + kGuardDigits);
     return modulo4(quarter);
+}
+
+// The digits of pi that the reduction takes on top.
+std::int64_t digitsOfReduction(M_APM_const a) {
+    const std::int64_t exponent = exponentOf(a);
+    return exponent > kMaxAngleExponent ? 0 : std::max<std::int64_t>(exponent, 0);
 }
 
 // Sine or cosine of a whole angle from its reduced rest: `quarter` 0 is sine, 1 cosine, and so on.
@@ -156,6 +163,11 @@ void M_cos_reduced(M_APM r, std::int64_t digits, M_APM_const a) {
 }
 
 void m_apm_sin(M_APM r, int places, M_APM_const a) {
+    const FunctionWork work(places, a, digitsOfReduction(a));
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
+        return;
+    }
     const std::int64_t digits = M_digits_for(places);
     ScratchValue rest;
     ScratchValue result;
@@ -165,6 +177,11 @@ void m_apm_sin(M_APM r, int places, M_APM_const a) {
 }
 
 void m_apm_cos(M_APM r, int places, M_APM_const a) {
+    const FunctionWork work(places, a, digitsOfReduction(a));
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
+        return;
+    }
     const std::int64_t digits = M_digits_for(places);
     ScratchValue rest;
     ScratchValue result;
@@ -174,6 +191,12 @@ void m_apm_cos(M_APM r, int places, M_APM_const a) {
 }
 
 void m_apm_sin_cos(M_APM sinResult, M_APM cosResult, int places, M_APM_const a) {
+    const FunctionWork work(places, a, digitsOfReduction(a));
+    if (!work.isAllowed()) {
+        M_set_to_zero(sinResult);
+        M_set_to_zero(cosResult);
+        return;
+    }
     const std::int64_t digits = M_digits_for(places);
     ScratchValue rest;
     ScratchValue result;
@@ -185,6 +208,11 @@ void m_apm_sin_cos(M_APM sinResult, M_APM cosResult, int places, M_APM_const a) 
 }
 
 void m_apm_tan(M_APM r, int places, M_APM_const a) {
+    const FunctionWork work(places, a, digitsOfReduction(a));
+    if (!work.isAllowed()) {
+        M_set_to_zero(r);
+        return;
+    }
     const std::int64_t digits = M_digits_for(places);
     ScratchValue rest;
     ScratchValue sine;

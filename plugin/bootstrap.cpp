@@ -59,7 +59,12 @@ void setBootstrapChoices(BootstrapChoices newChoices) {
 void bootstrap(const platform::Bundle* bundle) {
     static std::once_flag once;
     std::call_once(once, [bundle] {
-        if (!TCSettings::isSet()) TCSettings::make()->set();
+        if (!TCSettings::isSet()) {
+            const auto settings = TCSettings::make();
+            if (choices().batchBudget) settings->setBatchBudget(*choices().batchBudget);
+            settings->setReadings(choices().readings);
+            settings->set();
+        }
         if (!bundle || !loadEnvironment(*bundle)) TCBuiltins::environment()->set();
     });
 }

@@ -2,6 +2,7 @@
 
 // Sets the engine up for a process. Hosts of the engine alone call it as the plug-in does.
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -13,6 +14,8 @@ class Bundle;
 struct BootstrapChoices {
     std::string localization; // of the content, as "de"; empty leaves it to the user's preferences
     std::optional<std::string> dataFolder; // with the saved values
+    std::optional<int64_t> batchBudget;    // steps of work for the loading of a document, see TCSettings
+    bool readings = true;                  // beyond the plain rules, see TCSettings
 };
 
 // For the `bootstrap` to come; without effect afterwards. On the thread that makes the first instance.

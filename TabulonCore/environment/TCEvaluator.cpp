@@ -76,6 +76,7 @@ std::optional<std::u16string> TCEvaluator::evaluateString(std::u16string_view te
 
 std::shared_ptr<TCResult> TCEvaluator::evaluateExpression(const std::shared_ptr<TCExpression>& expression) {
     if (!expression) return TCResult::emptyResult();
+    if (expression->isTooLong()) return TCResult::resultWithErrorType(TCErrorTypeLineTooLong);
     const TCExpressionTokenizer tokenizer(expression->locale(),
                                           TCExpressionSubstituter::defaultSubstituter());
     const auto environment = TCEnvironment::make();
@@ -107,6 +108,7 @@ TCEvaluator::evaluateTokenizedExpression(const TCSimpleTokenizedExpression* expr
                                          const TCEnvironment& environment, TCEvaluationContext* context,
                                          int64_t* error) {
     if (error) *error = 0;
+    lastSteps = 0;
     const auto* const tokens = expression ? expression->tbfTokenizedExpression() : nullptr;
     if (!tokens) return TCResult::emptyResult();
 
@@ -119,7 +121,9 @@ TCEvaluator::evaluateTokenizedExpression(const TCSimpleTokenizedExpression* expr
     TBF::Evaluator evaluator(lists.units.get());
     evaluator.setTrigonometryMode(TCTrigonometryModeToTBFTrigonometryMode(angleMode));
     evaluator.setContextInfo(context);
+    if (ownBudget) evaluator.setBudget(*ownBudget);
     auto result = evaluator.evaluate(*parsed);
+    lastSteps = evaluator.stepsTaken();
     if (error && context) *error = context->evaluatorError();
     return result ? TCResult::resultWithContentsOfTBFResult(std::move(result)) : TCResult::emptyResult();
 }

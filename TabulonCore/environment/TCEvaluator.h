@@ -60,9 +60,17 @@ public:
     int32_t trigMode() const { return angleMode; }
     void setTrigMode(int32_t mode) { angleMode = mode; }
 
+    // The steps of work that an evaluation may take; none of its own means that of the settings. And those
+    // that the last one took.
+    std::optional<int64_t> budget() const { return ownBudget; }
+    void setBudget(std::optional<int64_t> steps) { ownBudget = steps; }
+    int64_t stepsTaken() const { return lastSteps; }
+
 private:
     std::shared_ptr<TCUnitCollection> ownUnits;
     std::shared_ptr<TCVariableList> ownVariables;
     std::shared_ptr<TCWordOperatorList> ownWordOperators;
     int32_t angleMode = 2;
+    std::optional<int64_t> ownBudget;
+    int64_t lastSteps = 0;
 };

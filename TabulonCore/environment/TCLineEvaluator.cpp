@@ -6,24 +6,29 @@
 #include "lines/TCLine.h"
 #include "results/TCResult.h"
 
-#include <optional>
-
-void TCLineEvaluator::evaluateLine(TCLine& line) {
+int64_t TCLineEvaluator::evaluateLine(TCLine& line, std::optional<int64_t> budget) {
+    if (line.isTooLong()) {
+        line.setResult(TCResult::resultWithErrorType(TCErrorTypeLineTooLong));
+        return 0;
+    }
     const auto& expression = line.evaluableExpression();
     if (!expression || line.lineType() == TCLineTypePlainText) {
         line.setResult(TCResult::emptyResult());
-        return;
+        return 0;
     }
     if (expression->isEmpty()) {
         line.setResult(TCResult::resultWithRawResultString(std::nullopt));
-        return;
+        return 0;
     }
     const auto evaluator = TCEvaluator::sharedEvaluator();
     if (!evaluator) {
         line.setResult(TCResult::emptyResult());
-        return;
+        return 0;
     }
     evaluator->setTrigMode(line.trigonometryMode());
+    evaluator->setBudget(budget);
     TCIndexPath path;
     line.setResult(evaluator->evaluateLine(line, &path, nullptr));
+    evaluator->setBudget(std::nullopt); // the evaluator is shared
+    return evaluator->stepsTaken();
 }

@@ -26,6 +26,7 @@ void TCSettings::set() {
     const auto settings = TBF::Settings::create();
     settings->setBool(TBFSettingEnableExperimentalUnits, experimentalUnits);
     settings->setBool(TBFSettingReadings, readsFurther);
+    settings->setInteger(TBFSettingLineBudget, stepsOfLine);
     TBFoundationInit(settings.get());
     currentSettings() = shared_from_this();
 }

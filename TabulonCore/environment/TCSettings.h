@@ -3,6 +3,9 @@
 // The settings of the process. Chosen, and then set once, before anything is evaluated: setting them starts
 // the foundation. On one thread.
 
+#include "numbers/WorkBudget.h"
+
+#include <cstdint>
 #include <memory>
 
 class TCSettings : public std::enable_shared_from_this<TCSettings> {
@@ -22,6 +25,17 @@ public:
     bool readings() const { return readsFurther; }
     void setReadings(bool enable) { readsFurther = enable; }
 
+    // How many steps of work (numbers/WorkBudget.h) the evaluation of a line may take, and that of all lines
+    // of one batch of changes together, a document's loading for one; TBF::noBudget for no bound. Past the
+    // first the line's answer is the error "Takes too long", past the second that of all lines not yet
+    // evaluated. An evaluation begins only within the second, and is then bound by the first alone, so that
+    // no answer depends on what was left. About a second for a line, and no bound for a batch, unless set.
+    // A collection may have others of its own.
+    int64_t lineBudget() const { return stepsOfLine; }
+    void setLineBudget(int64_t steps) { stepsOfLine = steps; }
+    int64_t batchBudget() const { return stepsOfBatch; }
+    void setBatchBudget(int64_t steps) { stepsOfBatch = steps; }
+
     // Makes these settings current and starts the foundation with them. A second call, with any settings,
     // ends the process.
     void set();
@@ -35,4 +49,6 @@ public:
 private:
     bool experimentalUnits = false;
     bool readsFurther = true;
+    int64_t stepsOfLine = TBF::standardLineBudget;
+    int64_t stepsOfBatch = TBF::noBudget;
 };

@@ -97,7 +97,7 @@ const std::u16string& TCExpression::stringForEvaluation() const {
     if (!substitutedText) {
         const TCExpressionSubstituter& substituter = *TCExpressionSubstituter::defaultSubstituter();
         substituterState = substituter.stateIndicator();
-        substitutedText = typedText.value_or(std::u16string());
+        substitutedText = isTooLong() ? std::u16string() : typedText.value_or(std::u16string());
         mappings = substituter._regexParseExpressionString(*substitutedText);
     }
     return *substitutedText;

@@ -52,11 +52,15 @@ public:
     static std::u16string_view absoluteLineReferenceFunctionName();
     static std::u16string_view absoluteLineReferenceByLineNumberFunctionName();
 
+    // A text of more code units than this isn't read at all: it has no substitutions and no tokens.
+    static constexpr std::size_t maximalLength = 65'536;
+    bool isTooLong() const { return typedText && typedText->size() > maximalLength; }
+
     bool isEmpty() const { return !typedText || typedText->empty(); }
     const std::optional<std::u16string>& originalString() const { return typedText; }
     void setOriginalString(std::optional<std::u16string> text);
 
-    // The text with its substitutions; empty without a text.
+    // The text with its substitutions; empty without a text, and for one that is too long.
     const std::u16string& stringForEvaluation() const;
 
     // What the substitutions did; null for an expression whose substituted text was given.

@@ -141,17 +141,52 @@ constexpr auto standardRegexes = std::to_array<StandardRegex>({
 
 const std::u16string conversionWords[] = {u"as", u"in", u"to"};
 
+constexpr std::u16string_view unitConversionWord = u"__uc";
+
 // A pattern that matches its own replacement stops there.
 constexpr int64_t replacementBound = 1'000;
 
 // A text that patterns made this many times longer, and this much, is rewritten no further.
-constexpr std::size_t growthFactor = 64;
+constexpr std::size_t growthFactor = 16;
 constexpr std::size_t growthAllowance = 65'536;
+
+// Steps of the regular expressions for one line, all patterns together: a grant for any text, and one for each
+// so many code units. The patterns of the system take a tenth of them at most.
+constexpr int64_t stepsOfALine = 1'000;
+constexpr std::size_t textPerStep = 100;
+
+// Whether the pattern matches where there is nothing, at an edge or between characters of several kinds.
+bool matchesNothing(std::u16string_view regex) {
+    if (RegexKitLite::rangeOfRegex(u"", regex).isFound()) return true;
+    std::u16string probe = u"1 a% b, 2 as A% of (3)";
+    RKLReplacementWalk walk;
+    RegexKitLite::replaceOccurrencesOfRegex(probe, regex, u"", RKLWholeString, &walk);
+    return std::ranges::any_of(walk.made, [](const RKLReplacement& made) { return made.matched.length == 0; });
+}
+
+// A pattern that doesn't compile, that matches where there is nothing, or that matches what it is replaced by
+// would run without end, or turn every line into something else.
+bool isBearable(std::u16string_view regex, std::u16string_view replacement) {
+    const RKLStepBudget budget(stepsOfALine);
+    if (!RegexKitLite::isRegexValid(regex) || matchesNothing(regex)) return false;
+    return !RegexKitLite::rangeOfRegex(std::u16string(u" ").append(replacement).append(u" "), regex).isFound();
+}
+
+void logUnbearable(std::u16string_view regex) {
+    TBFErrorLog("The pattern '%s' matches nothing, or what it is replaced by; it is left out",
+                TBF::utf8(regex).c_str());
+}
 
 // True for a word which a regular expression reads as itself.
 bool isPlainWord(std::u16string_view word) {
     constexpr std::u16string_view special = u"\\|()[]{}^$*+?.#& \t";
     return !word.empty() && word.find_first_of(special) == word.npos;
+}
+
+// A word may be a pattern, without captures, since those of the whole are counted.
+bool isConversionWord(std::u16string_view word) {
+    if (isPlainWord(word)) return word != unitConversionWord;
+    return RegexKitLite::captureCount(word) == 0 && isBearable(word, unitConversionWord);
 }
 
 std::u16string joined(std::span<const std::u16string> words, char16_t separator) {
@@ -222,6 +257,7 @@ public:
         , present(clues_.presentIn(text_)) {}
 
     TCExpressionClues::Set presentClues() const { return present; }
+    bool isTooLong() const { return text.size() > longest; }
 
     // Until the pattern matches no more. Two phrases that share a delimiter are not found in one walk over
     // the text; the next walk finds the second one.
@@ -231,6 +267,7 @@ public:
         int64_t bound = replacementBound;
         do {
             RKLReplacementWalk walk;
+            walk.refusesEmptyMatches = true;
             if (count > 0) walk.limit = bound - count;
             walk.capture = mapping.rightCaptureNumber.value_or(0);
             if (RegexKitLite::replaceOccurrencesOfRegex(text, mapping.regex, mapping.replacement,
@@ -241,7 +278,7 @@ public:
             count += replaced;
             record(mapping, walk.made);
             present = clues.presentIn(text);
-        } while (count < bound && text.size() <= longest && entry.canMatch(present));
+        } while (count < bound && !isTooLong() && entry.canMatch(present));
     }
 
     void replaceString(const StringMapping& mapping) {
@@ -376,8 +413,9 @@ void TCExpressionSubstituter::addOperatorRegex(std::u16string_view regex, Operat
         TBFErrorLog("Unknown operator type %d", operatorType);
         return;
     }
-    setMappingFromRegex(regex, replacement->isMarked ? marked(replacement->word) : replacement->word,
-                        replacement->order, 0, 0, std::nullopt, operatorType);
+    const std::u16string word(replacement->isMarked ? marked(replacement->word) : replacement->word);
+    if (!isBearable(regex, word)) return logUnbearable(regex);
+    setMappingFromRegex(regex, word, replacement->order, 0, 0, std::nullopt, operatorType);
 }
 
 void TCExpressionSubstituter::removeOperatorRegexesForOperatorType(OperatorType operatorType) {
@@ -389,11 +427,18 @@ void TCExpressionSubstituter::removeOperatorRegexesForOperatorType(OperatorType 
     didChange();
 }
 
-void TCExpressionSubstituter::setUnitConversionOperators(std::span<const std::u16string> words) {
+void TCExpressionSubstituter::setUnitConversionOperators(std::span<const std::u16string> candidates) {
+    std::vector<std::u16string> words;
+    for (const std::u16string& word : candidates) {
+        if (isConversionWord(word))
+            words.push_back(word);
+        else
+            logUnbearable(word);
+    }
     if (words.empty()) return;
     RegexMapping mapping;
     mapping.regex = u"([) ])(" + joined(words, u'|') + u")([) ]|$)";
-    mapping.replacement = u"$1__uc$3";
+    mapping.replacement = u"$1" + std::u16string(unitConversionWord) + u"$3";
     mapping.operatorType = TCExpressionSubstituterOperatorTypeUnitConversion;
     mapping.leftCutoff = 1;
     mapping.rightCutoff = 1;
@@ -424,6 +469,7 @@ void TCExpressionSubstituter::setLineReferenceWordString(std::u16string_view wor
     RegexMapping mapping;
     mapping.regex = u"(?i)" + lowercase + u"([0-9]+)";
     mapping.replacement = u"(___abs_line_numbered($1))";
+    if (!isBearable(mapping.regex, u"(___abs_line_numbered(1))")) return logUnbearable(mapping.regex);
     if (isPlainWord(lowercase))
         mapping.required.push_back({{std::move(lowercase), TCExpressionCluePlaceBeforeDigit}});
     add(std::move(mapping));
@@ -439,8 +485,10 @@ TCExpressionSubstituter::applySubstitutionsToMutableString(std::u16string& text)
     static const auto identity = std::make_shared<const TCExpressionMappings>();
     replaceSpecialCharacters(text);
     const std::shared_ptr<const OrderedMappings> ordered = orderedRegexMappings();
+    const RKLStepBudget budget(stepsOfALine + static_cast<int64_t>(text.size() / textPerStep));
     Rewriting rewriting(text, ordered->clues);
     for (const OrderedMappings::Entry& entry : ordered->entries) {
+        if (rewriting.isTooLong()) break;
         if (entry.canMatch(rewriting.presentClues())) rewriting.replaceRegex(entry);
     }
     for (std::size_t i = 0; i < stringMappings.size(); ++i) {

@@ -71,10 +71,12 @@ public:
         int32_t rightCutoff, std::optional<int32_t> rightCaptureNumber = std::nullopt,
         TCExpressionSubstituterOperatorType operatorType = TCExpressionSubstituterOperatorTypeNone);
 
+    // These come with the content. What the substituter can't bear is logged, and left out.
     void addOperatorRegex(std::u16string_view regex, TCExpressionSubstituterOperatorType operatorType);
     void removeOperatorRegexesForOperatorType(TCExpressionSubstituterOperatorType operatorType);
 
     // The words between two values that ask for a conversion, in place of those before. No words: no change.
+    // A word may be a regular expression; what the substituter can't bear is logged, and left out.
     void setUnitConversionOperators(std::span<const std::u16string> words);
 
     // The word in front of a line's number. A word stays in use after another one is set.

@@ -25,7 +25,7 @@ TCExpressionTokenizer::tokenizeExpression(const TCExpression& expression) const 
         return TBF::makeShared<TCSimpleTokenizedExpression>(tokenizer->tokenize(expression.tbfExpression()),
                                                             expression.expressionMappings(), length);
     }
-    std::u16string text = typed.value_or(std::u16string());
+    std::u16string text = expression.isTooLong() ? std::u16string() : typed.value_or(std::u16string());
     auto mappings = textSubstituter ? textSubstituter->applySubstitutionsToMutableString(text) : nullptr;
     return TBF::makeShared<TCSimpleTokenizedExpression>(
         tokenizer->tokenize(TBF::Expression::create(text).get()), std::move(mappings), length);

@@ -63,7 +63,7 @@ bool TCTokenizedExpression::isTokenized() const {
 void TCTokenizedExpression::tokenize() {
     setNeedsTokenizing();
     const std::shared_ptr<TCExpression> expression = source.lock();
-    if (!expression || expression->isEmpty()) {
+    if (!expression || expression->isEmpty() || expression->isTooLong()) {
         tokenArray.emplace();
         return;
     }

@@ -29,6 +29,11 @@ constexpr std::u16string_view decimalPlacesKey = u"decimal_places";
 constexpr std::u16string_view trigonometryModeKey = u"trig_mode";
 constexpr int32_t expectedResultPrecision = 50; // decimal places that count, where the file has no say
 
+// What a file may ask for: an answer has no more than 100 decimals, and a mantissa of more digits than this in
+// front of the point isn't scientific any more.
+constexpr int32_t mostDecimalPlaces = 100;
+constexpr int32_t greatestGranularity = 100;
+
 // The attributes that every line has in a file. One that is missing there reads as 0.
 struct AttributeRow {
     std::u16string_view key;
@@ -54,7 +59,7 @@ constexpr AttributeRow attributeRows[] = {
      },
      [](TCLine& line, int32_t value) {
          line.customFormattingOptions()->setScientificNotationExponentGranularity(
-             static_cast<uint32_t>(value));
+             static_cast<uint32_t>(std::clamp(value, 0, greatestGranularity)));
      }},
     {u"display_base", [](const TCLine& line) { return line.customFormattingOptions()->displayBase(); },
      [](TCLine& line, int32_t value) { line.customFormattingOptions()->setDisplayBase(value); }},
@@ -87,6 +92,10 @@ int32_t integerOf(const TBF::String* text) {
     const long value = std::strtol(text->utf8().c_str(), nullptr, 10);
     return static_cast<int32_t>(
         std::clamp<long>(value, std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::max()));
+}
+
+int32_t decimalPlacesOf(const TBF::String* text) {
+    return std::clamp(integerOf(text), 0, mostDecimalPlaces);
 }
 
 double doubleOf(std::string_view text) {
@@ -295,7 +304,7 @@ void TCFile::takeExpectations(const TBF::FileLine& line) {
     auto result = TCResult::resultWithRawResultString(
         answer ? std::optional<std::u16string_view>(*answer) : std::nullopt, unit);
     const TBF::String* const places = line.formattingAttributes.find(decimalPlacesKey);
-    if (result) result->setRawResultPrecision(places ? integerOf(places) : expectedResultPrecision);
+    if (result) result->setRawResultPrecision(places ? decimalPlacesOf(places) : expectedResultPrecision);
     results->push_back(std::move(result));
     unitStrings->push_back(unitText);
 }
@@ -344,7 +353,7 @@ void TCFile::readLineFormattingAttributesIntoLine(TCLine& line, const TBF::FileL
     const TBF::FileLine* const record = lines.find(index);
     const TBF::FileDictionary& attributes = record ? record->formattingAttributes : none;
     if (const TBF::String* const places = attributes.find(decimalPlacesKey)) {
-        line.customFormattingOptions()->setDecimalPlaces(static_cast<uint32_t>(integerOf(places)));
+        line.customFormattingOptions()->setDecimalPlaces(static_cast<uint32_t>(decimalPlacesOf(places)));
     }
     if (const int32_t mode = integerOf(attributes.find(trigonometryModeKey)); mode != 0) {
         line.setTrigonometryMode(TCTrigonometryModeFromTBFTrigonometryMode(mode));

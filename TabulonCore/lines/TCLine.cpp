@@ -161,7 +161,7 @@ void TCLine::expressionDidChange() {
 
 std::shared_ptr<TCAbstractLineExpression>
 TCLine::lineTypeForExpression(const std::shared_ptr<TCExpression>& expression) {
-    if (!expression || !expression->originalString())
+    if (!expression || !expression->originalString() || expression->isTooLong())
         return TBF::makeShared<TCPlainTextLineExpression>(expression, nullptr);
     const TCExpressionTokenizer tokenizer(expression->locale(),
                                           TCExpressionSubstituter::defaultSubstituter());
@@ -260,6 +260,10 @@ std::shared_ptr<TCLineVariableDeclaration> TCLine::variableDeclaration() const {
 
 std::shared_ptr<TCTokenizedExpression> TCLine::tokenizedExpression() const {
     return text ? text->tokenizedExpression() : nullptr;
+}
+
+bool TCLine::isTooLong() const {
+    return text && text->isTooLong();
 }
 
 int32_t TCLine::lineType() const {

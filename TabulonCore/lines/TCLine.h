@@ -106,6 +106,9 @@ public:
     std::shared_ptr<TCTokenizedExpression> tokenizedExpression() const;
     int32_t lineType() const; // a TCLineType
 
+    // Text and nothing else, with an error as its answer.
+    bool isTooLong() const;
+
     // The classification of a text, as the line expression of the kind that fits; never null for an
     // ordinary text.
     static std::shared_ptr<TCAbstractLineExpression>

@@ -131,6 +131,17 @@ public:
     void reevaluateLinesDependingOnVariables();
     void reevaluateLinesDependingOnVariable();
     void reevaluateLinesDependingOnUnit();
+
+    // Steps of work for a line, and for a batch of changes: those of the settings unless set, see TCSettings.
+    // A host that wants to answer a keystroke at once sets a small one for lines and has those that ran past
+    // it finished when there is time: they are evaluated anew with their dependents, with the steps given.
+    std::optional<int64_t> lineBudget() const { return stepsOfLine; }
+    void setLineBudget(std::optional<int64_t> steps) { stepsOfLine = steps; }
+    std::optional<int64_t> batchBudget() const { return stepsOfBatch; }
+    void setBatchBudget(std::optional<int64_t> steps) { stepsOfBatch = steps; }
+    TCLineIndexSet indexesOfUnfinishedLines() const;                  // those that took too long
+    TCLineIndexSet finishLines(std::optional<int64_t> stepsOfEach = std::nullopt);
+
     static void setPreEvaluationBlock(PreEvaluationBlock block); // null for none
 
     void rebuildDependencyGraphForLinesAtIndexes(const TCLineIndexSet& indexes);
@@ -208,6 +219,7 @@ private:
     void storeValueOfDeclaringLine(const std::shared_ptr<TCLine>& line);
     std::vector<uint32_t> linesReadByLineAtIndex(uint32_t index) const;
     bool isReadAsVariable(std::size_t index) const;
+    int64_t evaluateLineWithBudget(const std::shared_ptr<TCLine>& line, std::optional<int64_t> steps);
     void settleLineOnCycle(const std::shared_ptr<TCLine>& line);
     TCLineReferenceShifts shiftsOfReferencesOnLine(const TCLine& line,
                                                    const TCLineReferencesSnapshot& then) const;
@@ -241,6 +253,9 @@ private:
 
     // By owning line; empty but for the time from ahead of a change of positions until it was reported.
     std::unordered_map<std::shared_ptr<TCLine>, TCLineReferencesSnapshot> referenceSnapshots;
+
+    std::optional<int64_t> stepsOfLine;
+    std::optional<int64_t> stepsOfBatch;
 
     std::shared_ptr<TCLineCollection*> backReference; // to this; emptied when the collection ends
 };

@@ -3,6 +3,7 @@
 #include "document/TBFDependencyType.h"
 #include "environment/TCEnvironment.h"
 #include "environment/TCLineEvaluator.h"
+#include "environment/TCSettings.h"
 #include "expressions/TCAbstractLineExpression.h"
 #include "expressions/TCLineExpressionParser.h"
 #include "lines/TCLine.h"
@@ -11,6 +12,7 @@
 #include "lines/TCLineEvaluationOrder.h"
 #include "results/TCResult.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -18,6 +20,13 @@ namespace {
 TCLineCollection::PreEvaluationBlock& preEvaluationBlock() {
     static TCLineCollection::PreEvaluationBlock block;
     return block;
+}
+
+constexpr int64_t noSteps = 0; // for a line that isn't begun any more; prose stays without an answer
+
+int64_t standardBatchBudget() {
+    const auto settings = TCSettings::current();
+    return settings ? settings->batchBudget() : TBF::noBudget;
 }
 
 } // namespace
@@ -152,25 +161,53 @@ void TCLineCollection::evaluateLines() {
 
 TCLineIndexSet TCLineCollection::evaluateLinesAtIndexes(const TCLineIndexSet& indexes) {
     std::vector<std::size_t> evaluated;
+    int64_t stepsLeft = stepsOfBatch.value_or(standardBatchBudget());
     const auto order = TCLineEvaluationOrder(
         evaluationOrder(indexes), [this](uint32_t index) { return linesReadByLineAtIndex(index); });
     for (const auto& [index, isOnCycle] : order) {
         if (index >= lines.size()) continue;
-        if (isOnCycle)
+        if (isOnCycle) {
             settleLineOnCycle(lines[index]);
-        else
-            evaluateLine(lines[index]);
+        } else {
+            const int64_t taken =
+                evaluateLineWithBudget(lines[index], stepsLeft > 0 ? stepsOfLine : std::optional(noSteps));
+            stepsLeft -= std::min(stepsLeft, taken);
+        }
         evaluated.push_back(index);
     }
     return TCLineIndexSet(std::move(evaluated));
 }
 
 void TCLineCollection::evaluateLine(const std::shared_ptr<TCLine>& line) {
-    if (!line) return;
+    if (line) evaluateLineWithBudget(line, stepsOfLine);
+}
+
+int64_t TCLineCollection::evaluateLineWithBudget(const std::shared_ptr<TCLine>& line,
+                                                 std::optional<int64_t> steps) {
     const std::shared_ptr<TCLine> held = line; // the argument may stand in `lines`
     if (preEvaluationBlock()) preEvaluationBlock()(*held);
-    TCLineEvaluator::evaluateLine(*held);
+    const int64_t taken = TCLineEvaluator::evaluateLine(*held, steps);
     if (held->lineType() == TCLineTypeVariableDeclaration) storeValueOfDeclaringLine(held);
+    return taken;
+}
+
+TCLineIndexSet TCLineCollection::indexesOfUnfinishedLines() const {
+    std::vector<std::size_t> found;
+    for (const auto& line : lines) {
+        const auto answer = line->_resultAlongPath(nullptr, nullptr);
+        if (answer && answer->errorType() == TCErrorTypeTakesTooLong) found.push_back(line->index());
+    }
+    return TCLineIndexSet(std::move(found));
+}
+
+TCLineIndexSet TCLineCollection::finishLines(std::optional<int64_t> stepsOfEach) {
+    const TCLineIndexSet unfinished = indexesOfUnfinishedLines();
+    if (unfinished.isEmpty()) return unfinished;
+    const std::optional<int64_t> usual = std::exchange(stepsOfLine, stepsOfEach);
+    const TCLineIndexSet evaluated = evaluateLinesAtIndexes(unfinished);
+    stepsOfLine = usual;
+    notifyDelegateOfEvaluationOfLines(evaluated, evaluated);
+    return evaluated;
 }
 
 // A line that depends on itself has no answer, whatever it had before: otherwise its answer would tell of the

@@ -26,6 +26,8 @@ constexpr ErrorText errorTexts[] = {
     {TCErrorTypeDivideByZero, u"Error: Divide by Zero"},
     {TCErrorTypeIncompatibleUnits, u"Error: Incompatible Units"},
     {TCErrorTypeOther, u"Error"},
+    {TCErrorTypeTakesTooLong, u"Error: Takes too long"},
+    {TCErrorTypeLineTooLong, u"Error: Line too long"},
 };
 
 TCErrorType errorTypeOf(TBFEvaluationError error) {
@@ -38,6 +40,8 @@ TCErrorType errorTypeOf(TBFEvaluationError error) {
         return TCErrorTypeDivideByZero;
     case TBFEvaluationErrorIncompatibleUnits:
         return TCErrorTypeIncompatibleUnits;
+    case TBFEvaluationErrorTakesTooLong:
+        return TCErrorTypeTakesTooLong;
     case TBFEvaluationErrorTooFewOperands:
     case TBFEvaluationErrorTooManyOperands:
     case TBFEvaluationErrorOutsideDomain:
@@ -137,6 +141,13 @@ std::shared_ptr<TCResult> TCResult::resultWithRawResultString(std::optional<std:
     result->type = result->rawText && !result->rawText->empty() ? TCResultTypeNumber : TCResultTypeEmpty;
     result->setUnit(std::move(unit));
     result->flagBits = flags;
+    return result;
+}
+
+std::shared_ptr<TCResult> TCResult::resultWithErrorType(TCErrorType errorType) {
+    auto result = TBF::makeShared<TCResult>();
+    result->type = TCResultTypeError;
+    result->error = errorType;
     return result;
 }
 

@@ -34,6 +34,8 @@ enum TCErrorType : int32_t {
     TCErrorTypeDivideByZero = 2,
     TCErrorTypeIncompatibleUnits = 3,
     TCErrorTypeOther = 4,
+    TCErrorTypeTakesTooLong = 5,
+    TCErrorTypeLineTooLong = 6,
 };
 
 // The text that a user reads for an error; empty for none.
@@ -51,6 +53,8 @@ public:
     static std::shared_ptr<TCResult> resultWithRawResultString(std::optional<std::u16string_view> text,
                                                                std::shared_ptr<TCUnit> unit = nullptr,
                                                                uint32_t flags = 0);
+
+    static std::shared_ptr<TCResult> resultWithErrorType(TCErrorType errorType);
 
     // One shared object without a text.
     static const std::shared_ptr<TCResult>& emptyResult();

@@ -42,8 +42,9 @@ Components componentsOf(const TBF::ResultFormatter& formatter, const TCResult& r
                         const TCResultFormattingOptions& options) {
     TBF::Result* const value = result.tbfResult();
     if (!value) return {};
-    // Old documents don't say which base, and mean the usual one.
-    const auto base = options.displayBase() == 0 ? uint8_t{10} : static_cast<uint8_t>(options.displayBase());
+    // Old documents don't say which base, and mean the usual one; so does any that there is no text in.
+    const int32_t chosen = options.displayBase();
+    const uint8_t base = chosen == 2 || chosen == 16 ? static_cast<uint8_t>(chosen) : uint8_t{10};
     const auto significantDigits = static_cast<uint16_t>(options.significantDigits());
     const auto decimalPlaces = static_cast<uint16_t>(options.decimalPlaces());
     return {formatter.components(*value, base, significantDigits == 0 ? decimalPlaces : uint16_t{0},

@@ -8,12 +8,14 @@
 #include "eval/EvalMetadata.h"
 #include "eval/EvaluationContext.h"
 #include "eval/ExpressionNodeEvaluator.h"
+#include "eval/Settings.h"
 #include "eval/functions/FunctionList.h"
 #include "eval/operations/DigitBudget.h"
 #include "eval/variables/VariableList.h"
 #include "numbers/Number.h"
 #include "numbers/TBFMAPMExtensions.h"
 #include "numbers/Value.h"
+#include "numbers/WorkBudget.h"
 #include "parser/ParsedExpression.h"
 #include "parser/Parser.h"
 #include "results/Result.h"
@@ -31,6 +33,7 @@ namespace TBF {
 namespace {
 
 constexpr int shownDecimals = 100;
+constexpr int64_t longDigits = 1'000;
 
 Ref<Result> errorResult(TBFEvaluationError error) {
     auto result = Result::create();
@@ -64,6 +67,11 @@ Ref<Result> createResult(const Value* value, const EvaluationContext& context) {
     // What an operator computed fits; a number read from a long text may not.
     if (!digitsFit(number.mapmRef())) return errorResult(TBFEvaluationErrorExponentTooLarge);
 
+    constexpr int64_t stepsOfADigit = 2; // in the text of a long value, with the copies that are made of it
+    const int64_t digits = m_apm_digit_bound(number.mapmRef());
+    if (digits > longDigits && !WorkBudget::charge(digits * stepsOfADigit)) {
+        return errorResult(TBFEvaluationErrorTakesTooLong);
+    }
     const std::string text = TBF_mapm_to_fitted_string(number.mapmRef(), shownDecimals);
     const bool isExact = TBF_mapm_decimals(number.mapmRef()) <= shownDecimals;
     auto result = isExact ? Result::create(text, retain(value->number())) : Result::create(text);
@@ -76,7 +84,8 @@ Ref<Result> createResult(const Value* value, const EvaluationContext& context) {
 }
 
 Evaluator::Evaluator(UnitCollection* collection)
-    : units(retain(collection)) {}
+    : units(retain(collection))
+    , budget(Settings::current().lineBudget()) {}
 Evaluator::~Evaluator() = default;
 
 void Evaluator::setWordOperatorList(WordOperatorList* list) {
@@ -116,8 +125,12 @@ Ref<Result> Evaluator::evaluate(const ParsedExpression& expression) {
 Ref<Result> Evaluator::evaluate(const ExpressionTree& tree) {
     const auto context = EvaluationContext::create(mode);
     context->setContextInfo(info);
+    const WorkBudget work(budget);
     const auto value = ExpressionNodeEvaluator::create(units.get())->evaluate(tree, *context);
-    return createResult(value.get(), *context);
+    auto result = createResult(value.get(), *context);
+    taken = work.steps();
+    // Whatever else went wrong came of values that weren't made any more.
+    return WorkBudget::isSpent() ? errorResult(TBFEvaluationErrorTakesTooLong) : result;
 }
 
 } // namespace TBF

@@ -45,6 +45,12 @@ public:
     // Handed to functions through the context. Borrowed.
     void setContextInfo(void* contextInfo) noexcept { info = contextInfo; }
 
+    // The steps of work that an evaluation may take before it ends with the error TakesTooLong; that of the
+    // settings at first. And those that the last evaluation took, a little more than the budget if it was
+    // spent.
+    void setBudget(int64_t steps) noexcept { budget = steps; }
+    int64_t stepsTaken() const noexcept { return taken; }
+
     // All give null when there is nothing to evaluate. `scope` is the line at which variables are read while
     // the text is analyzed, -1 for none.
     Ref<Result> evaluate(const String& text, int32_t scope = -1);
@@ -60,6 +66,8 @@ private:
     VariableList* variables = nullptr; // borrowed
     int32_t mode = TBFTrigonometryModeRadians;
     void* info = nullptr; // borrowed
+    int64_t budget;
+    int64_t taken = 0;
 };
 
 // The outcome of an evaluation as a result: an error of the context, a division by zero for an infinite

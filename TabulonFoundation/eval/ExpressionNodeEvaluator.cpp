@@ -12,6 +12,7 @@
 #include "eval/variables/ScopedVariable.h"
 #include "numbers/Number.h"
 #include "numbers/Value.h"
+#include "numbers/WorkBudget.h"
 #include "parser/ExpressionTree.h"
 #include "runtime/TBFLog.h"
 #include "units/UnitContainer.h"
@@ -65,6 +66,11 @@ constexpr std::array<OperatorRow, 12> operators = {{
     {TBFOperatorTypeUnitConversion, computeUnitConversion, nullptr},
     {TBFOperatorTypeModulo, computeModulo, nullptr},
 }};
+
+// What a node counts whatever it does, and the digits of its value that are copied in a step. Operations on
+// short values count nothing else.
+constexpr int64_t stepsOfANode = 2'000;
+constexpr int64_t digitsOfAStep = 4;
 
 int64_t digitsOf(const EvaluatedNode& node) {
     if (!node.value || node.value->number()->isSpecial()) return 0;
@@ -261,12 +267,17 @@ EvaluatedNode ExpressionNodeEvaluator::evaluateOperatorUnit(const ExpressionNode
 }
 
 void ExpressionNodeEvaluator::store(ExpressionNode& node, EvaluatedNode result, EvaluationContext& context) {
+    const int64_t digits = digitsOf(result);
+    if (!WorkBudget::charge(stepsOfANode + digits / digitsOfAStep)) {
+        context.setError(TBFEvaluationErrorTakesTooLong);
+        return;
+    }
     if (result.value && !result.value->number()->isSpecial() &&
         !digitsFit(result.value->number()->mapmRef())) {
         context.setError(TBFEvaluationErrorExponentTooLarge);
         return;
     }
-    waitingDigits += digitsOf(result);
+    waitingDigits += digits;
     if (waitingDigits > maximumWaitingDigits) context.setError(TBFEvaluationErrorExponentTooLarge);
     node.setEvaluated(std::move(result));
 }

@@ -1,5 +1,6 @@
 #include "eval/Settings.h"
 
+#include "numbers/WorkBudget.h"
 #include "runtime/TBFLog.h"
 
 #include <cstdio>
@@ -22,6 +23,15 @@ constexpr Default defaults[] = {
     {TBFSettingReadings, true},
 };
 
+struct IntegerDefault {
+    const char* name;
+    int64_t value;
+};
+
+constexpr IntegerDefault integerDefaults[] = {
+    {TBFSettingLineBudget, standardLineBudget},
+};
+
 // Never destroyed: settings are read until the process ends.
 Ref<Settings>& currentSettings() {
     static auto* const current = new Ref<Settings>();
@@ -33,6 +43,8 @@ Ref<Settings>& currentSettings() {
 Settings::Settings() {
     for (const Default& setting : defaults)
         values.emplace(setting.name, setting.value);
+    for (const IntegerDefault& setting : integerDefaults)
+        integers.emplace(setting.name, setting.value);
     noteChanges();
 }
 
@@ -40,6 +52,7 @@ void Settings::noteChanges() {
     redefinitions = boolValue(TBFSettingAllowsVariableRedefinitions);
     newEvaluator = boolValue(TBFSettingUsesNewEvaluatorImpl);
     readsFurther = boolValue(TBFSettingReadings);
+    budget = integerValue(TBFSettingLineBudget);
 }
 
 Ref<Settings> Settings::create() {
@@ -62,6 +75,17 @@ void Settings::setBool(std::string_view name, bool value) {
 bool Settings::boolValue(std::string_view name) const {
     const auto found = values.find(name);
     if (found == values.end()) throw std::out_of_range("unknown setting");
+    return found->second;
+}
+
+void Settings::setInteger(std::string_view name, int64_t value) {
+    integers.insert_or_assign(std::string(name), value);
+    noteChanges();
+}
+
+int64_t Settings::integerValue(std::string_view name) const {
+    const auto found = integers.find(name);
+    if (found == integers.end()) throw std::out_of_range("unknown setting");
     return found->second;
 }
 

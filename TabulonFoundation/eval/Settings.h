@@ -7,6 +7,7 @@
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 
+#include <cstdint>
 #include <map>
 #include <string>
 #include <string_view>
@@ -23,10 +24,14 @@ public:
     // Throws std::out_of_range for an unknown name.
     bool boolValue(std::string_view name) const;
 
+    void setInteger(std::string_view name, int64_t value);
+    int64_t integerValue(std::string_view name) const;
+
     // Settings that the analysis or evaluation of a line asks for.
     bool allowsVariableRedefinitions() const { return redefinitions; }
     bool usesNewEvaluatorImpl() const { return newEvaluator; }
     bool readings() const { return readsFurther; }
+    int64_t lineBudget() const { return budget; }
 
     // The settings of the process; the defaults as long as none were set. Setting them again ends the
     // process.
@@ -41,9 +46,11 @@ private:
     void noteChanges();
 
     std::map<std::string, bool, std::less<>> values;
-    bool redefinitions = false; // these as in `values`
+    std::map<std::string, int64_t, std::less<>> integers;
+    bool redefinitions = false; // these as in `values` and `integers`
     bool newEvaluator = false;
     bool readsFurther = false;
+    int64_t budget = 0;
 };
 
 } // namespace TBF

@@ -20,6 +20,7 @@ enum TBFEvaluationError : int32_t {
     TBFEvaluationErrorDivideByZero = 9,
     TBFEvaluationErrorNoConversionTarget = 10,
     TBFEvaluationErrorRootOfUnit = 11,
+    TBFEvaluationErrorTakesTooLong = 12,
 };
 
 // Bits of a result's error code. Parse errors live in the low byte, evaluator errors in bits 8 to 23;

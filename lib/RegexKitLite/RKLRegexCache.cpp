@@ -9,6 +9,12 @@ namespace {
 // Bytes of ICU's own stack of states, which lies on the heap.
 constexpr int32_t stackLimit = 8'000'000;
 
+// Called by ICU after each of its steps; matching goes on when it answers true.
+UBool U_CALLCONV takeStep(const void*, int32_t) {
+    if (RKLRegexCache::stepsLeft > 0) --RKLRegexCache::stepsLeft;
+    return RKLRegexCache::stepsLeft > 0;
+}
+
 } // namespace
 
 void RKLRegexCache::SetState::use(std::size_t way) {
@@ -65,6 +71,8 @@ RKLCachedRegex* RKLRegexCache::getCachedRegex(std::u16string_view regex, RKLRege
                                        &status));
     if (U_SUCCESS(status)) cached.captureCount = uregex_groupCount(cached.icu_regex.get(), &status);
     if (U_SUCCESS(status)) uregex_setStackLimit(cached.icu_regex.get(), stackLimit, &status);
+    if (U_SUCCESS(status))
+        uregex_setMatchCallback(cached.icu_regex.get(), takeStep, nullptr, &status);
     if (U_FAILURE(status)) {
         cached.icu_regex.reset();
         return nullptr;

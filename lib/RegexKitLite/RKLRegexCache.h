@@ -12,6 +12,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -38,6 +39,9 @@ public:
     // kept. `status` and `place` tell why.
     RKLCachedRegex* getCachedRegex(std::u16string_view regex, RKLRegexOptions options, UErrorCode& status,
                                    UParseError& place);
+
+    // ICU's steps that the calling thread may still take. Matching takes them away as it goes.
+    static inline thread_local int64_t stepsLeft = std::numeric_limits<int64_t>::max();
 
 private:
     static constexpr std::size_t setCount = 13;

@@ -126,6 +126,10 @@ public:
         int64_t copiedTo = range.location;
         while (static_cast<int64_t>(walk.made.size()) < walk.limit && findNext()) {
             const RKLRange matched = capture(0);
+            if (matched.length == 0 && walk.refusesEmptyMatches) {
+                status = U_REGEX_STOPPED_BY_CALLER;
+                return 0;
+            }
             const int64_t written = uregex_appendReplacement(
                 icu(), units, static_cast<int32_t>(replacement.size()), &place, &room, &status);
             forgiveOverflow();
@@ -163,6 +167,18 @@ private:
 };
 
 } // namespace
+
+RKLStepBudget::RKLStepBudget(int64_t steps) {
+    RKLRegexCache::stepsLeft = steps;
+}
+
+RKLStepBudget::~RKLStepBudget() {
+    RKLRegexCache::stepsLeft = std::numeric_limits<int64_t>::max();
+}
+
+bool RKLStepBudget::isSpent() const {
+    return RKLRegexCache::stepsLeft <= 0;
+}
 
 RKLRange RegexKitLite::rangeOfRegex(std::u16string_view text, std::u16string_view regex, int64_t capture) {
     return rangeOfRegex(text, regex, RKLNoOptions, RKLWholeString, capture, nullptr);

@@ -50,7 +50,22 @@ struct RKLReplacement {
 struct RKLReplacementWalk {
     int64_t limit = std::numeric_limits<int64_t>::max(); // replacements at most
     int64_t capture = 0;                                 // the one to note
+    bool refusesEmptyMatches = false;                    // a text with one stays as it is
     std::vector<RKLReplacement> made;                    // in ascending order
+};
+
+// All that the service matches on the thread while the scope lives, together: so many of ICU's steps of about
+// 10,000 states. Once they are spent, whatever isn't found by then counts as one that needs more time than
+// there is. The same text takes the same steps on every machine. Without a scope only the bounds of a single
+// match hold. Scopes don't nest.
+class RKLStepBudget {
+public:
+    explicit RKLStepBudget(int64_t steps);
+    ~RKLStepBudget();
+    RKLStepBudget(const RKLStepBudget&) = delete;
+    RKLStepBudget& operator=(const RKLStepBudget&) = delete;
+
+    bool isSpent() const;
 };
 
 namespace RegexKitLite {

@@ -503,7 +503,8 @@ def check_words(language, index, faults):
 
 def keys_in_code():
     """The texts that the sources look up, and those of failed lines."""
-    keys = {"Error: Exponent too large", "Error: Divide by Zero", "Error: Incompatible Units", "Error"}
+    keys = {"Error: Exponent too large", "Error: Divide by Zero", "Error: Incompatible Units", "Error",
+            "Error: Takes too long", "Error: Line too long"}
     root = pathlib.Path(content.BUNDLE).parent.parent
     for layer in ("platform", "TabulonFoundation", "TabulonCore", "TabulonKit", "Tabulon-Mac", "plugin", "cli"):
         for source in sorted(root.glob(layer + "/**/*.cpp")):

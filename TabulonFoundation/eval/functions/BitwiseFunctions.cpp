@@ -1,5 +1,6 @@
 #include "eval/functions/StandardFunctions.h"
 #include "numbers/Decimal.h"
+#include "numbers/WorkBudget.h"
 
 namespace TBF::functions {
 namespace {
@@ -8,6 +9,9 @@ constexpr int places = 100;
 
 // An operand with more digits than this has no answer: the time grows with the square of its bits.
 constexpr int mostDigits = 1'000;
+
+// What a bit of them counts: two divisions, and a power by squaring.
+constexpr int64_t stepsOfABit = 3'000;
 
 // Takes the bits of one operand from the lowest up. The bits that were taken are subtracted, so that the
 // remainder by twice a bit's value is that bit alone.
@@ -45,6 +49,7 @@ bool combineBits(M_APM result, M_APM a, M_APM b, BitOperation operation) {
     BitReader bitsOfA(a), bitsOfB(b);
     Decimal total, scratch, modulus, bitValue(1);
     for (int k = 1; !bitsOfA.isDone() || !bitsOfB.isDone(); ++k) {
+        if (!WorkBudget::charge(stepsOfABit)) return false;
         m_apm_integer_pow(modulus, places, MM_Two, k);
         const bool bitOfA = bitsOfA.next(modulus, bitValue);
         const bool bitOfB = bitsOfB.next(modulus, bitValue);

@@ -1,5 +1,6 @@
 #include "eval/functions/StandardFunctions.h"
 #include "numbers/Decimal.h"
+#include "numbers/WorkBudget.h"
 
 #include <utility>
 
@@ -15,6 +16,9 @@ constexpr int refusedFactorialExponent = 5;
 
 // The longest run of factors that `choose` multiplies.
 constexpr long mostFactors = 100'000;
+
+// What one of them counts, on top of long products.
+constexpr int64_t stepsOfAFactor = 500;
 
 // The arguments stand in reverse order.
 M_APM first(std::span<const M_APM> reversed) {
@@ -50,7 +54,7 @@ bool chooseByProduct(M_APM result, M_APM x, M_APM y) {
         m_apm_compare(count, limit) > 0)
         return false;
     Decimal product(1), scratch, factor = Decimal::copyOf(x), index(1);
-    while (m_apm_compare(index, count) <= 0) {
+    while (m_apm_compare(index, count) <= 0 && WorkBudget::charge(stepsOfAFactor)) {
         m_apm_multiply(scratch, product, factor);
         m_apm_integer_divide(product, scratch, index);
         m_apm_subtract(scratch, factor, MM_One);

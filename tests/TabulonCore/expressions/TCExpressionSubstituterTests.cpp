@@ -323,6 +323,42 @@ TEST(TCExpressionSubstituter, a_pattern_that_matches_its_replacement_stops) {
     EXPECT_EQ(substituted(u"aabb", shrinking), u"");
 }
 
+TEST(TCExpressionSubstituter, patterns_of_content_that_would_run_without_end_are_left_out) {
+    TCExpressionSubstituter content;
+    const uint64_t untouched = content.stateIndicator();
+    for (const char16_t* const pattern : {
+             u"x*", u"", u"|a", u"\\b", u"(?=%)", u"$", u"%?", // nothing
+             u"_", u"percent", u"(?i)OFF", u"[a-z]+",           // their own replacement
+             u"(", u"%(",                                        // no patterns
+         })
+        content.addOperatorRegex(pattern, TCExpressionSubstituterOperatorTypePercentOff);
+    EXPECT_EQ(content.stateIndicator(), untouched);
+    content.addOperatorRegex(u"%\\s*weg", TCExpressionSubstituterOperatorTypePercentOff);
+    EXPECT_EQ(substituted(u"10% weg 5", content), u"10{_percent_off} 5");
+
+    const std::u16string words[] = {u"nach", u"(", u"x*", u"(in)", u"__uc", u"zu|auf"};
+    content.setUnitConversionOperators(words);
+    EXPECT_EQ(substituted(u"5 nach 6 auf 7 in 8", content), u"5 __uc 6 __uc 7 in 8");
+    content.setLineReferenceWordString(u"(");
+    EXPECT_EQ(substituted(u"(12", content), u"(12");
+}
+
+// Patterns that try over and over share one grant for the line, so that many of them don't add up.
+TEST(TCExpressionSubstituter, hostile_patterns_are_bounded_for_the_line) {
+    TCExpressionSubstituter hostile;
+    for (int i = 0; i < 40; ++i)
+        hostile.addOperatorRegex(u"(%+)+(" + std::u16string(static_cast<std::size_t>(i + 1), u'a') + u")$",
+                                 TCExpressionSubstituterOperatorTypeAsPercent);
+    hostile.addOperatorRegex(u"%\\s*weg", TCExpressionSubstituterOperatorTypePercentOff);
+    std::u16string line;
+    for (int i = 0; i < 200; ++i)
+        line += std::u16string(40, u'%') + std::u16string(41, u'a') + u'b';
+    const auto start = std::chrono::steady_clock::now();
+    substituted(line, hostile);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20)); // 40 grants are a minute
+    EXPECT_EQ(substituted(u"10% weg 5", hostile), u"10{_percent_off} 5"); // the next line has its own
+}
+
 // Each text is a million characters that some pattern would walk over and over.
 TEST(TCExpressionSubstituter, long_lines_take_no_long_time) {
     const auto repeated = [](std::u16string_view piece) {

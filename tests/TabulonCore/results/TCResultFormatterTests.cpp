@@ -241,7 +241,18 @@ TEST(TCResult, KindsAndErrors) {
         EXPECT_EQ(wrapped->resultType(), row.expected ? TCResultTypeError : TCResultTypeEmpty);
     }
     EXPECT_EQ(errorStringForTCResultErrorType(2), u"Error: Divide by Zero");
-    EXPECT_EQ(errorStringForTCResultErrorType(5), u"");
+    EXPECT_EQ(errorStringForTCResultErrorType(5), u"Error: Takes too long");
+    EXPECT_EQ(errorStringForTCResultErrorType(6), u"Error: Line too long");
+    EXPECT_EQ(errorStringForTCResultErrorType(99), u"");
+}
+
+TEST(TCResultFormatter, ABaseThatThereIsNoTextInIsTen) {
+    for (const int32_t base : {0, 7, -2, 258, 272, 10}) {
+        Options options;
+        options.setDisplayBase(base);
+        EXPECT_EQ(TCResultFormatter::sharedInstance().stringValueForResult(result("19").get(), options), u"19")
+            << base;
+    }
 }
 
 TEST(TCResult, TextsOfAValue) {

@@ -177,6 +177,7 @@ public:
 
 private:
     void expressionDidChange();
+    void localeDidChange();
 
     struct References {
         TCIndexSet absoluteIndexes;

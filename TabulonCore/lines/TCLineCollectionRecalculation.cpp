@@ -203,6 +203,10 @@ void TCLineCollection::settleLineOnCycle(const std::shared_ptr<TCLine>& line) {
 }
 
 void TCLineCollection::evaluateAllLinesWithReportingMode(int32_t mode) {
+    if (batchUpdating) { // which evaluates them at its end, with the names and places of then
+        changeAllLines([](TCLine& line) { line.clearCaches(); });
+        return;
+    }
     // All lines are read anew first and evaluated once: a change for each line on its own would evaluate
     // the end of a chain of lines once for every line before it.
     const bool wasEnabled = std::exchange(changeProcessingEnabled, false);

@@ -339,6 +339,7 @@ TEST(Recalculation, AnAngleModeReachesTheUsersOfItsLines) {
     EXPECT_THAT(delegate.take(), ElementsAre("updated 0 1 2 3"));
 
     collection.beginBatchUpdate();
+    collection.reevaluateLinesDependingOnUnit();
     collection.setTrigonometryMode(1);
     collection.lineAtIndex(0)->setTrigonometryMode(2);
     EXPECT_THAT(record.take(), IsEmpty());

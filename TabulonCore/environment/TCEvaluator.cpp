@@ -115,7 +115,7 @@ TCEvaluator::evaluateTokenizedExpression(const TCSimpleTokenizedExpression* expr
     const FoundationLists lists(environment);
     const auto parser =
         TBF::ExpressionParser::create(lists.functions, lists.variables, lists.wordOperators, lists.units);
-    const auto parsed = parser->parse(*tokens);
+    const auto parsed = parser->parse(*tokens, context ? static_cast<int32_t>(context->lineIndex()) : 0);
     if (!parsed) return TCResult::emptyResult();
 
     TBF::Evaluator evaluator(lists.units.get());

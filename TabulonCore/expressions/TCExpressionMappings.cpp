@@ -76,6 +76,13 @@ const TCExpressionMappings::Mapping* TCExpressionMappings::findRangeMapping(int6
     return place != entries.end() && beginning(*place) == tbfLocation ? &*place : nullptr;
 }
 
+std::span<const TCExpressionMappings::Mapping> TCExpressionMappings::mappingsAround(TCRange tbfRange) const {
+    auto first = std::ranges::lower_bound(entries, tbfRange.location, {}, beginning);
+    const auto last = std::ranges::lower_bound(first, entries.end(), tbfRange.end(), {}, beginning);
+    if (first != entries.begin()) --first;
+    return {first, last};
+}
+
 int64_t TCExpressionMappings::tcEndOfTBFEnd(int64_t tbfEnd) const {
     auto behind = std::ranges::lower_bound(entries, tbfEnd, {}, beginning);
     // What was typed for nothing belongs to what ends there.

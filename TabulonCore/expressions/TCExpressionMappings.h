@@ -36,6 +36,10 @@ public:
     // until the next change.
     const Mapping* findRangeMapping(int64_t tbfLocation) const;
 
+    // Those that may share a place of the rewritten text with the range: from the last one that begins ahead
+    // of it to the last that begins in it.
+    std::span<const Mapping> mappingsAround(TCRange tbfRange) const;
+
     // Where in the typed text that ends which ends there in the rewritten text. A mapped range is never
     // divided: what ends inside of one ends where the typed range does.
     int64_t tcEndOfTBFEnd(int64_t tbfEnd) const;

@@ -35,7 +35,7 @@ std::optional<int64_t> wholeNumber(std::u16string_view text) {
 bool isWholeOrApart(const TCExpressionMappings* mappings, TCRange range, bool& isMapped) {
     isMapped = false;
     if (!mappings) return true;
-    for (const auto& mapping : mappings->mappings()) {
+    for (const auto& mapping : mappings->mappingsAround(range)) {
         if (mapping.tbfRange == range)
             isMapped = true;
         else if (mapping.tbfRange.intersects(range))

@@ -149,8 +149,7 @@ void TCLine::_setExpression(std::shared_ptr<TCExpression> newExpression) {
                                         customOptions->thousandsSeparatorCharacter());
     }
     expressionDidChange();
-    if (TCLineCollection* const collection = _lineCollection())
-        collection->registerExpressionChangeForLineAtIndex(position);
+    if (TCLineCollection* const collection = _lineCollection()) collection->_lineReadsDifferently(*this);
 }
 
 void TCLine::expressionDidChange() {
@@ -390,6 +389,7 @@ void TCLine::setTrigonometryMode(int32_t mode) {
     if (mode == ownTrigonometryMode) return;
     ownTrigonometryMode = mode;
     invalidateResult();
+    if (TCLineCollection* const collection = _lineCollection()) collection->_lineReadsDifferently(*this);
 }
 
 // The options may be shared with other lines, so they alone don't tell how this text was read.
@@ -404,8 +404,7 @@ void TCLine::setLocale(TCSimpleLocale locale) {
     customOptions->setDecimalPlaceCharacter(locale.decimalPoint);
     customOptions->setThousandsSeparatorCharacter(locale.thousandsSeparator);
     if (text) text->setLocaleWithDecimalPoint(locale.decimalPoint, locale.thousandsSeparator);
-    expressionDidChange();
-    invalidateResult();
+    localeDidChange();
 }
 
 void TCLine::convertToLocale(TCSimpleLocale locale) {
@@ -414,8 +413,13 @@ void TCLine::convertToLocale(TCSimpleLocale locale) {
     if (isConverted) text->convertToLocaleWithDecimalPoint(locale.decimalPoint, locale.thousandsSeparator);
     customOptions->setDecimalPlaceCharacter(locale.decimalPoint);
     customOptions->setThousandsSeparatorCharacter(locale.thousandsSeparator);
-    expressionDidChange();
+    localeDidChange();
+}
+
+void TCLine::localeDidChange() {
     invalidateResult();
+    expressionDidChange();
+    if (TCLineCollection* const collection = _lineCollection()) collection->_lineReadsDifferently(*this);
 }
 
 std::size_t TCLine::hash() const {

@@ -180,6 +180,7 @@ public:
 
 private:
     void expressionDidChange();
+    void localeDidChange();
 
     struct References {
         TCIndexSet absoluteIndexes;

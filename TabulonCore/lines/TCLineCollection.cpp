@@ -160,6 +160,7 @@ void TCLineCollection::resetLineIndexesStartingAt(std::size_t index) {
 
 void TCLineCollection::enterLine(const std::shared_ptr<TCLine>& line) {
     if (identifiersKnown) linesByIdentifier.insert_or_assign(line->uniqueIdentifier(), line);
+    if (line->isParsed()) line->unparse(); // with the names of another time
     unparsedLines.push_back(line);
     declarations.update(line);
 }
@@ -230,8 +231,21 @@ const std::shared_ptr<TCResultFormattingOptions>& TCLineCollection::defaultResul
 void TCLineCollection::setTrigonometryMode(int32_t mode) {
     if (mode == trigonometry) return;
     trigonometry = mode;
+    changeAllLines([mode](TCLine& line) { line.setTrigonometryMode(mode); });
+}
+
+// One step for the whole document: a change for each line on its own would evaluate the end of a chain of
+// lines once for every line before it.
+void TCLineCollection::changeAllLines(const std::function<void(TCLine&)>& change) {
+    const bool wasEnabled = std::exchange(changeProcessingEnabled, false);
     for (const auto& line : lines)
-        line->setTrigonometryMode(mode);
+        change(*line);
+    changeProcessingEnabled = wasEnabled;
+    {
+        const std::lock_guard lock(mutex);
+        tracker.registerChangeOfAllLines();
+    }
+    if (changeProcessingEnabled && !batchUpdating) processChanges();
 }
 
 TBFChar TCLineCollection::decimalPlaceCharacter() const {
@@ -250,19 +264,14 @@ void TCLineCollection::setLocaleWithDecimalPoint(TBFChar decimalPoint, TBFChar t
     const TCSimpleLocale locale{decimalPoint, thousandsSeparator};
     if (isNoNewLocale(locale)) return;
     ownEnvironment->setLocale(locale);
-    for (const auto& line : lines)
-        line->setLocale(locale);
-    parseAllLines();
-    refreshStaleDependencies();
-    evaluateLines();
+    changeAllLines([locale](TCLine& line) { line.setLocale(locale); });
 }
 
 void TCLineCollection::convertToLocaleWithDecimalPoint(TBFChar decimalPoint, TBFChar thousandsSeparator) {
     const TCSimpleLocale locale{decimalPoint, thousandsSeparator};
     if (isNoNewLocale(locale)) return;
-    for (const auto& line : lines)
-        line->convertToLocale(locale);
-    setLocaleWithDecimalPoint(decimalPoint, thousandsSeparator);
+    ownEnvironment->setLocale(locale);
+    changeAllLines([locale](TCLine& line) { line.convertToLocale(locale); });
 }
 
 void TCLineCollection::setEnvironment(std::shared_ptr<TCEnvironment> environment) {

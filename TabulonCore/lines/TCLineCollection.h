@@ -181,9 +181,11 @@ public:
     void takeLineReferenceSnapshot();
     void clearLineReferenceSnapshot() { referenceSnapshots.clear(); }
 
-    // Called by lines: the line has a new analysed form, or lost its parsed one.
+    // Called by lines: the line has a new analysed form, or lost its parsed one; and, after either or for any
+    // other reason, its answer may be another one.
     void _lineExpressionDidChange(TCLine& line);
     void _lineNeedsParsing(TCLine& line);
+    void _lineReadsDifferently(TCLine& line);
     const std::shared_ptr<TCLineCollection*>& _backReference() const { return backReference; }
 
 private:
@@ -193,9 +195,12 @@ private:
     void forgetLine(const std::shared_ptr<TCLine>& line);
     bool holds(const TCLine& line) const;
     void fillLinesByIdentifier() const;
+    void changeAllLines(const std::function<void(TCLine&)>& change);
     bool isNoNewLocale(TCSimpleLocale locale) const;
 
     // Steps of `processChanges`.
+    bool bringNamesUpToDate(TCChangedLineIndexes& change); // whether another line declares a name now
+    void followLineReferences(TCChangedLineIndexes& change);
     void updateDependencyGraph(const TCChangedLineIndexes& change, bool namesChanged);
     void refreshStaleDependencies();
     std::vector<uint32_t> evaluationOrder(const TCLineIndexSet& indexes) const;
@@ -214,16 +219,16 @@ private:
     };
     NameChanges updateInternalVariableList(const std::unordered_set<std::u16string>& changedNames,
                                            bool positionsChanged);
-    void unparseLinesThatMayUse(const std::vector<std::u16string>& names);
+    TCLineIndexSet unparseLinesThatMayUse(const std::vector<std::u16string>& names); // which those are
     TCLineIndexSet directLineCollectionVariableOwnersForLine(const TCLine& line) const;
     void storeValueOfDeclaringLine(const std::shared_ptr<TCLine>& line);
     std::vector<uint32_t> linesReadByLineAtIndex(uint32_t index) const;
-    bool isReadAsVariable(std::size_t index) const;
+    bool isReadAsVariable(std::size_t index, std::size_t readerIndex) const;
     int64_t evaluateLineWithBudget(const std::shared_ptr<TCLine>& line, std::optional<int64_t> steps);
     void settleLineOnCycle(const std::shared_ptr<TCLine>& line);
     TCLineReferenceShifts shiftsOfReferencesOnLine(const TCLine& line,
                                                    const TCLineReferencesSnapshot& then) const;
-    TCLineIndexSet notifyAboutLineReferenceChanges(); // the lines that have lost their answers to it
+    TCLineIndexSet notifyAboutLineReferenceChanges(); // the lines that the delegate gave other texts
 
     std::vector<std::shared_ptr<TCLine>> lines;
     mutable std::unordered_map<std::u16string, std::shared_ptr<TCLine>> linesByIdentifier; // see below

@@ -31,8 +31,8 @@ std::optional<std::size_t> TCChangedLineIndexes::newIndexOf(std::size_t oldIndex
 TCChangedLineIndexes
 TCLineCollectionChangeTracker::changedLineIndexesInLineCollection(const TCLineCollection& collection) const {
     TCChangedLineIndexes result;
-    if (changes.empty()) return result;
-    if (changes.size() > 1) {
+    if (!hasChanges()) return result;
+    if (allLinesChanged || changes.size() > 1) {
         result.changed = TCLineIndexSet::withRange(0, collection.countOfLines());
         result.rebuildStartIndex = 0;
         result.positionsChanged = true;

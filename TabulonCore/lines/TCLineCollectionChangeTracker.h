@@ -45,12 +45,17 @@ struct TCChangedLineIndexes {
 class TCLineCollectionChangeTracker {
 public:
     void registerChange(const TCLineCollectionChange& change) { changes.push_back(change); }
-    void reset() { changes.clear(); }
-    bool hasChanges() const { return !changes.empty(); }
+    void registerChangeOfAllLines() { allLinesChanged = true; }
+    void reset() {
+        changes.clear();
+        allLinesChanged = false;
+    }
+    bool hasChanges() const { return allLinesChanged || !changes.empty(); }
 
     // One change touches what it names. Several are not told apart: they touch every line of `collection`.
     TCChangedLineIndexes changedLineIndexesInLineCollection(const TCLineCollection& collection) const;
 
 private:
     std::vector<TCLineCollectionChange> changes; // in order of arrival
+    bool allLinesChanged = false;
 };

@@ -65,7 +65,7 @@ void TCLineCollection::addDependenciesForLine(const TCLine& line) {
         }
     }
     for (const std::size_t declaringLine : directLineCollectionVariableOwnersForLine(line)) {
-        if (declaringLine == line.index() && isReadAsVariable(declaringLine))
+        if (declaringLine == line.index() && isReadAsVariable(declaringLine, declaringLine))
             linesReadingThemselves.insert(line.index());
         graph->addDependency(source, graphIndex(declaringLine), TBFDependencyTypeVariable);
     }
@@ -137,11 +137,11 @@ std::vector<uint32_t> TCLineCollection::evaluationOrder(const TCLineIndexSet& in
 }
 
 // The lines whose values this one takes up. A line depends on all declarations of a name that it uses, but
-// only the last one gives it the value.
+// at most two give it anything.
 std::vector<uint32_t> TCLineCollection::linesReadByLineAtIndex(uint32_t index) const {
     std::vector<uint32_t> read;
     for (const TBF::DependencyEdge& edge : graph->directDependencies(index))
-        if (edge.typeMask != TBFDependencyTypeVariable || isReadAsVariable(edge.lineIndex))
+        if (edge.typeMask != TBFDependencyTypeVariable || isReadAsVariable(edge.lineIndex, index))
             read.push_back(edge.lineIndex);
     if (linesReadingThemselves.contains(index)) read.push_back(index);
     return read;

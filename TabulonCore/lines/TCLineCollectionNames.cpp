@@ -9,13 +9,14 @@
 #include "variables/TCVariableList.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace {
 
 // Up to so many declarations of a name, each of them is a dependency of every line that uses the name. With
-// more, only the last is, which alone gives the value: otherwise a document of nothing but "x = x + 1" would
-// have as many edges as the square of its lines.
+// more, only those are that give the line a value: otherwise a document of nothing but "x = x + 1" would have
+// as many edges as the square of its lines.
 constexpr std::size_t ownersWithEdges = 16;
 
 // With more names at once, all lines are read anew.
@@ -39,6 +40,15 @@ bool mayHold(std::u16string_view text, const std::vector<std::u16string>& names)
         return !isPlain(name) ||
                std::search(text.begin(), text.end(), name.begin(), name.end(), isSame) != text.end();
     });
+}
+
+// The declarations of whose value a line takes something up: the last one, and where names may be redefined
+// the one that rules the line as well. Of the last one it has the percent sign then.
+std::array<std::shared_ptr<TCLine>, 2> ownersReadAt(const TCLineCollectionVariable& variable,
+                                                    std::size_t lineIndex) {
+    auto last = variable.lastOwnerLine();
+    const bool redefines = TBF::Settings::current().allowsVariableRedefinitions();
+    return {redefines ? variable.ownerLineForLineAtIndex(lineIndex) : last, last};
 }
 
 } // namespace
@@ -105,17 +115,20 @@ TCLineCollection::updateInternalVariableList(const std::unordered_set<std::u16st
     return changes;
 }
 
-void TCLineCollection::unparseLinesThatMayUse(const std::vector<std::u16string>& names) {
-    if (names.empty()) return;
+TCLineIndexSet TCLineCollection::unparseLinesThatMayUse(const std::vector<std::u16string>& names) {
+    if (names.empty()) return {};
     if (names.size() > namesWorthSearching) {
         unparseAllLines();
-        return;
+        return TCLineIndexSet::withRange(0, lines.size());
     }
+    std::vector<std::size_t> unparsed;
     for (const auto& line : lines) {
-        const auto evaluable = line->evaluableExpression();
-        if (line->isParsed() && evaluable && mayHold(evaluable->stringForEvaluation(), names))
-            line->unparse();
+        const auto& evaluable = line->evaluableExpression();
+        if (!line->isParsed() || !evaluable || !mayHold(evaluable->stringForEvaluation(), names)) continue;
+        line->unparse();
+        unparsed.push_back(line->index());
     }
+    return TCLineIndexSet(std::move(unparsed));
 }
 
 std::vector<std::shared_ptr<TCLineCollectionVariable>>
@@ -131,7 +144,8 @@ TCLineIndexSet TCLineCollection::directLineCollectionVariableOwnersForLine(const
     std::vector<std::size_t> indexes;
     for (const auto& variable : directLineCollectionVariableReferencesForLine(line)) {
         if (variable->countOfOwnerLines() > ownersWithEdges) {
-            indexes.push_back(variable->lastOwnerLine()->index());
+            for (const auto& owner : ownersReadAt(*variable, line.index()))
+                indexes.push_back(owner->index());
             continue;
         }
         for (const auto& owner : variable->ownerLines())
@@ -140,13 +154,15 @@ TCLineIndexSet TCLineCollection::directLineCollectionVariableOwnersForLine(const
     return TCLineIndexSet(std::move(indexes));
 }
 
-// Whether lines that use the name which this line declares read the value of this one.
-bool TCLineCollection::isReadAsVariable(std::size_t index) const {
+// Whether the line `readerIndex`, which uses the name that the line `index` declares, reads the value of that
+// one.
+bool TCLineCollection::isReadAsVariable(std::size_t index, std::size_t readerIndex) const {
     if (index >= lines.size()) return false;
-    if (TBF::Settings::current().allowsVariableRedefinitions()) return true;
     const auto declaration = lines[index]->variableDeclaration();
     const auto variable = declaration ? lineCollectionVariableWithName(declaration->name(), true) : nullptr;
-    return variable && variable->lastOwnerLine() == lines[index];
+    if (!variable) return false;
+    const auto owners = ownersReadAt(*variable, readerIndex);
+    return std::find(owners.begin(), owners.end(), lines[index]) != owners.end();
 }
 
 // The line's answer, or none while it has none, becomes the value of the name that it declares.

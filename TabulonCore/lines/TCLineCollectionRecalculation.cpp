@@ -80,15 +80,11 @@ void TCLineCollection::processChanges() {
     TCLineIndexSet direct = change.changed;
     direct.remove(change.external);
 
-    const std::unordered_set<std::u16string> changedNames = declarations.takeChangedNames();
-    const NameChanges names = updateInternalVariableList(changedNames, change.positionsChanged);
-    unparseLinesThatMayUse(names.comeAndGone);
+    const bool namesChanged = bringNamesUpToDate(change);
     parseAllLines();
-
     change.changed.add(formerDependents(change, direct));
-    if (names.spellingsChanged) change.changed = TCLineIndexSet::withRange(0, lines.size());
-    updateDependencyGraph(change, !changedNames.empty());
-    change.changed.add(notifyAboutLineReferenceChanges());
+    updateDependencyGraph(change, namesChanged);
+    followLineReferences(change);
     addLinesDisturbedByMovedPositions(change);
 
     const TCLineIndexSet evaluated = evaluateLinesAtIndexes(change.changed);
@@ -96,6 +92,26 @@ void TCLineCollection::processChanges() {
     TCLineIndexSet implicit = evaluated;
     implicit.remove(direct);
     notifyDelegateOfEvaluationOfLines(evaluated, implicit);
+}
+
+// A name that comes or goes changes how lines read: those are among the changed ones afterwards.
+bool TCLineCollection::bringNamesUpToDate(TCChangedLineIndexes& change) {
+    const std::unordered_set<std::u16string> changedNames = declarations.takeChangedNames();
+    const NameChanges names = updateInternalVariableList(changedNames, change.positionsChanged);
+    change.changed.add(unparseLinesThatMayUse(names.comeAndGone));
+    if (names.spellingsChanged) change.changed = TCLineIndexSet::withRange(0, lines.size());
+    return !changedNames.empty();
+}
+
+// The delegate may write any line, and not only its references.
+void TCLineCollection::followLineReferences(TCChangedLineIndexes& change) {
+    const TCLineIndexSet rewritten = notifyAboutLineReferenceChanges();
+    if (rewritten.isEmpty()) return;
+    change.changed.add(rewritten);
+    const bool namesChanged = bringNamesUpToDate(change);
+    parseAllLines();
+    change.changed.add(indexesOfLinesDependingOnLinesAtIndexes(rewritten)); // that used what was there before
+    updateDependencyGraph(TCChangedLineIndexes(), namesChanged);
 }
 
 // The lines that used the changed ones before the edit, as the graph, which speaks of the positions of then,
@@ -137,6 +153,10 @@ void TCLineCollection::_lineExpressionDidChange(TCLine& line) {
 
 void TCLineCollection::_lineNeedsParsing(TCLine& line) {
     if (holds(line)) unparsedLines.push_back(lines[line.index()]);
+}
+
+void TCLineCollection::_lineReadsDifferently(TCLine& line) {
+    if (holds(line)) registerExpressionChangeForLineAtIndex(line.index());
 }
 
 void TCLineCollection::parseAllLines() {
@@ -220,6 +240,10 @@ void TCLineCollection::settleLineOnCycle(const std::shared_ptr<TCLine>& line) {
 }
 
 void TCLineCollection::evaluateAllLinesWithReportingMode(int32_t mode) {
+    if (batchUpdating) { // which evaluates them at its end, with the names and places of then
+        changeAllLines([](TCLine& line) { line.clearCaches(); });
+        return;
+    }
     // All lines are read anew first and evaluated once: a change for each line on its own would evaluate
     // the end of a chain of lines once for every line before it.
     const bool wasEnabled = std::exchange(changeProcessingEnabled, false);

@@ -74,14 +74,10 @@ TCLineIndexSet TCLineCollection::notifyAboutLineReferenceChanges() {
     observer->lineCollectionDidNoticeThatLineReferenceOnLinesShouldShiftBy(*this, shiftedLines,
                                                                            shiftsOfLines);
     changeProcessingEnabled = wasEnabled;
-    parseAllLines();
 
-    std::vector<std::size_t> shifted;
+    // Nothing else waits for the parser at this time.
     std::vector<std::size_t> rewritten;
-    for (const auto& line : shiftedLines) {
-        shifted.push_back(line->index());
-        if (line->needsEvaluation()) rewritten.push_back(line->index());
-    }
-    rebuildDependencyGraphForLinesAtIndexes(TCLineIndexSet(std::move(shifted)));
+    for (const auto& line : unparsedLines)
+        if (holds(*line)) rewritten.push_back(line->index());
     return TCLineIndexSet(std::move(rewritten));
 }

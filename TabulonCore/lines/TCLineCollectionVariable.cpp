@@ -76,6 +76,11 @@ std::shared_ptr<TCLine> TCLineCollectionVariable::lastOwnerLine() const {
     return ranges.empty() ? nullptr : ranges.rbegin()->second;
 }
 
+std::shared_ptr<TCLine> TCLineCollectionVariable::ownerLineForLineAtIndex(std::size_t index) const {
+    const auto behind = ranges.upper_bound(static_cast<int64_t>(index));
+    return behind == ranges.begin() ? nullptr : std::prev(behind)->second;
+}
+
 void TCLineCollectionVariable::beginBatchOwnerLinesChange() {
     previousOwners = owners;
     previousRanges = ranges;

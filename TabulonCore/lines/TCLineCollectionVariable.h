@@ -43,7 +43,8 @@ public:
     bool isOwnerLine(const std::shared_ptr<TCLine>& line) const { return owners.contains(line); }
     std::size_t countOfOwnerLines() const { return owners.size(); }
     const OwnerLines& ownerLines() const { return owners; }
-    std::shared_ptr<TCLine> lastOwnerLine() const; // null without owners
+    std::shared_ptr<TCLine> lastOwnerLine() const;                            // null without owners
+    std::shared_ptr<TCLine> ownerLineForLineAtIndex(std::size_t index) const; // that rules there; may be null
     const OwnerLines& previousOwnerLines() const { return previousOwners; }
     void addOwnerLine(const std::shared_ptr<TCLine>& line, TCRange lineIndexRange);
     void removeAllOwnerLines();

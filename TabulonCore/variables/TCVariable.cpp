@@ -150,20 +150,16 @@ bool TCVariable::setLocalizedValue(std::optional<std::u16string> text) {
     return true;
 }
 
-// Nothing is set anew that stands already, both behind the last line and where the range begins.
+// The range may hold several values, of which each has a unit of its own: nothing tells by one look whether
+// all of it stands already, so it is always set.
 bool TCVariable::setDelocalizedValue(std::optional<std::u16string> text, uint32_t flags, Unit newUnit,
                                      TCRange scopeRange) {
     if (text && text->empty()) text.reset();
-    const bool sameText = text && text == delocalizedValue();
-    const bool sameUnit = newUnit == ownUnit;
-    ownUnit = std::move(newUnit);
     const TBFRange scopes = scopesOf(scopeRange);
-    const TBF::VariableValue* const first = foundationVariable->valueAt(scopes.location);
-    const bool sameAtFirst = first && textOf(first->string()) == text && first->flags() == flags &&
-                             first->unitContainer() == containerOf(ownUnit).get();
-    if (sameText && resultFlags() == flags && sameUnit && sameAtFirst) return true;
-    foundationVariable->setValue(stringOf(text), flags & TBFResultFlagPercent, containerOf(ownUnit), scopes);
-    if (!sameText) localizedText.reset();
+    const bool isLast = scopes.runsToEnd(); // the value that is told without a place
+    if (isLast && text != delocalizedValue()) localizedText.reset();
+    foundationVariable->setValue(stringOf(text), flags & TBFResultFlagPercent, containerOf(newUnit), scopes);
+    if (isLast) ownUnit = std::move(newUnit);
     return true;
 }
 

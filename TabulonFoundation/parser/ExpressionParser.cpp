@@ -39,7 +39,8 @@ Ref<ParsedExpression> ExpressionParser::parse(Expression* expression) const {
     return tokenized ? parse(*tokenized) : nullptr;
 }
 
-Ref<ParsedExpression> ExpressionParser::parse(const TokenizedExpression& tokenizedExpression) const {
+Ref<ParsedExpression> ExpressionParser::parse(const TokenizedExpression& tokenizedExpression,
+                                              int32_t lineIndex) const {
     const Ref<Namespace> names = Namespace::create();
     names->setFunctionList(functions);
     names->setVariableList(variables);
@@ -48,7 +49,7 @@ Ref<ParsedExpression> ExpressionParser::parse(const TokenizedExpression& tokeniz
 
     const Ref<ContextualAnalyzer> analyzer = ContextualAnalyzer::create();
     analyzer->setNamespace(names);
-    ExpressionTokenList tokens = analyzer->analyzeForReading(tokenizedExpression, 0);
+    ExpressionTokenList tokens = analyzer->analyzeForReading(tokenizedExpression, lineIndex);
     ParseResult result = parseExpressionTokens(tokens);
     return ParsedExpression::create(std::move(tokens), std::move(result.tree));
 }

@@ -26,7 +26,8 @@ public:
     // Tokenizes in the default locale, with comments. Null for null.
     Ref<ParsedExpression> parse(Expression* expression) const;
 
-    Ref<ParsedExpression> parse(const TokenizedExpression& tokenizedExpression) const;
+    // Where names may be redefined, they have the values that they have on the line of that index.
+    Ref<ParsedExpression> parse(const TokenizedExpression& tokenizedExpression, int32_t lineIndex = 0) const;
 
 private:
     friend class Object<ExpressionParser>;

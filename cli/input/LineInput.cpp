@@ -74,14 +74,13 @@ std::shared_ptr<TCLineCollection> linesOfDocument(const std::string& file, const
         throw CommandFailure{ExitCodeFailed, displayNameOf(file),
                              reasonWithoutFile(document.failureSentence(), path)};
     }
-    if (options.trigonometryMode) {
-        collection->setTrigonometryMode(*options.trigonometryMode);
-        collection->evaluateLines();
-    }
+    collection->beginBatchUpdate(); // evaluates once for both
+    if (options.trigonometryMode) collection->setTrigonometryMode(*options.trigonometryMode);
     if (options.locale) {
         collection->convertToLocaleWithDecimalPoint(options.locale->decimalPoint,
                                                     options.locale->thousandsSeparator);
     }
+    collection->endBatchUpdate();
     return collection;
 }
 

@@ -72,6 +72,23 @@ TEST(TCExpressionMappings, replacements_in_front_move_what_stands_behind) {
     EXPECT_EQ(mappings.findRangeMapping(12)->tcRange, (TCRange{10, 4}));
 }
 
+TEST(TCExpressionMappings, a_range_finds_the_mappings_around_it) {
+    TCExpressionMappings mappings;
+    for (const int64_t start : {2, 10, 20})
+        mappings.addRangeMapping({start, 3}, {start, 3});
+    const struct {
+        TCRange range;
+        std::vector<int64_t> starts;
+    } rows[] = {{{0, 2}, {}},  {{2, 3}, {2}},      {{3, 1}, {2}},          {{4, 7}, {2, 10}},
+                {{6, 2}, {2}}, {{10, 3}, {2, 10}}, {{0, 30}, {2, 10, 20}}, {{25, 5}, {20}}};
+    for (const auto& row : rows) {
+        std::vector<int64_t> starts;
+        for (const auto& mapping : mappings.mappingsAround(row.range))
+            starts.push_back(mapping.tbfRange.location);
+        EXPECT_EQ(starts, row.starts) << row.range.location << "+" << row.range.length;
+    }
+}
+
 TEST(TCExpressionMappings, a_replacement_takes_in_what_it_touches) {
     // "abcdef": "b" and "e" become longer, then "d" with a part of what stands for "e" becomes nothing.
     TCExpressionMappings mappings;

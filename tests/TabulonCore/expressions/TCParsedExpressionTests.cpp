@@ -45,8 +45,9 @@ TEST(TCParsedExpression, neighbours_follow_in_the_direction) {
         return result;
     };
     const TCExpressionParser parser(nullptr);
+    const std::u16string sum = u"1 + 2";
     const auto find = [&](int64_t location, int32_t direction, std::size_t count, bool skip) {
-        return starts(parser.findTokensInString(u"1 + 2", location, direction, count, skip));
+        return starts(parser.findTokensInString(sum, location, direction, count, skip));
     };
     EXPECT_EQ(find(2, TCTokenDirectionForward, 9, false), "2 3 4 ");
     EXPECT_EQ(find(2, TCTokenDirectionForward, 2, true), "3 4 ");
@@ -55,7 +56,7 @@ TEST(TCParsedExpression, neighbours_follow_in_the_direction) {
     EXPECT_EQ(find(5, TCTokenDirectionBackward, 2, false), "4 3 ");
     EXPECT_EQ(find(5, TCTokenDirectionForward, 2, false), "");
 
-    const auto parsed = parser.parseExpression(expression(std::u16string(u"1 + 2", 5)));
+    const auto parsed = parser.parseExpression(expression(sum));
     std::string walked;
     parsed->enumerateTokensAfterToken(parsed->tokens().back().get(), TCTokenDirectionBackward,
                                       [&](const TCExpressionToken& token, bool& stop) {

@@ -1,4 +1,5 @@
 #include "lines/LineCollectionTesting.h"
+#include "lines/TCLineCollectionDelegate.h"
 #include "lines/TCLineCollectionVariable.h"
 #include "results/Result.h"
 #include "results/TCResult.h"
@@ -291,6 +292,106 @@ TEST(DeclaredNames, UnitsTravelWithValues) {
         answers.push_back(std::move(answer));
     }
     EXPECT_THAT(answers, ElementsAre("3 km", "3500 m", "7000 m", "3000"));
+}
+
+std::string displayValueOf(const TCLineCollection& collection, const std::u16string& name) {
+    return TBF::utf8(collection.lineCollectionVariableWithName(name, true)->displayValue());
+}
+
+// `x = 5 m` and `x = 5 km` are of one text.
+TEST(DeclaredNames, TheUnitIsThatOfTheValueWhichRules) {
+    useEnvironmentWithLengths();
+    TCLineCollection collection;
+    fill(collection, {"x * 2 / 1 m", "x = 5 m", "x = 5 km"});
+    EXPECT_EQ(answerOf(*collection.lineAtIndex(0)), "10000");
+    collection.lineAtIndex(1)->evaluate(); // sets a value that doesn't rule
+    EXPECT_EQ(answerOf(*collection.lineAtIndex(0)), "10000");
+    EXPECT_EQ(displayValueOf(collection, u"x"), "5 km");
+    collection.removeLineAtIndex(2);
+    EXPECT_EQ(answerOf(*collection.lineAtIndex(0)), "10");
+    EXPECT_EQ(displayValueOf(collection, u"x"), "5 m");
+}
+
+TEST(DeclaredNames, LinesThatReadDifferentlyWithANameAreEvaluated) {
+    useEvaluatingEnvironment();
+    struct Row {
+        std::string text;
+        std::string declaration;
+        std::string without;
+        std::string with;
+    };
+    const Row rows[] = {
+        {"Lunch 12 x 5", "x = 7", "60", "5"},
+        {"2 * pi", "PI = 4", "6.28318530717958647692", "8"},
+        {"3 tax", "tax = 2", "3", "6"},
+    };
+    for (const Row& row : rows) {
+        TCLineCollection collection;
+        RecordingDelegate delegate;
+        collection.setDelegate(&delegate);
+        fill(collection, {row.text, "1"});
+        const auto answer = [&] {
+            return answerOf(*collection.lineAtIndex(0)).substr(0, row.without.size());
+        };
+        EXPECT_EQ(answer(), row.without) << row.text;
+        delegate.take();
+        collection.addLine(lineOf(row.declaration));
+        EXPECT_EQ(answersOf(collection), answersOf(textsOf(collection))) << row.text;
+        EXPECT_EQ(answerOf(*collection.lineAtIndex(0)), row.with) << row.text;
+        EXPECT_THAT(delegate.take(), ElementsAre("updated 0 2", "followed 0")) << row.text;
+        setText(collection, 2, "other = 1");
+        EXPECT_EQ(answer(), row.without) << row.text;
+        EXPECT_THAT(delegate.take(), ElementsAre("updated 0 2", "followed 0")) << row.text;
+        collection.setDelegate(nullptr);
+    }
+}
+
+TEST(DeclaredNames, ALineThatComesBackKnowsTheNamesOfNow) {
+    useEvaluatingEnvironment();
+    TCLineCollection collection;
+    fill(collection, {"2 * rate", "1"});
+    const auto away = collection.lineAtIndex(0);
+    EXPECT_THAT(away->usedVariableNames(), IsEmpty());
+    collection.removeLineAtIndex(0);
+    collection.addLine(lineOf("rate = 5"));
+    collection.insertLine(away, 0);
+    EXPECT_EQ(answerOf(*away), "10");
+    setText(collection, 2, "rate = 6");
+    EXPECT_EQ(answerOf(*away), "12");
+}
+
+TEST(DeclaredNames, ANameThatALocaleBringsIsKnown) {
+    useEvaluatingEnvironment();
+    TCLineCollection collection;
+    fill(collection, {"x = 1,5", "x * 2"});
+    collection.beginBatchUpdate();
+    setText(collection, 0, "y = 1,5");
+    collection.setLocaleWithDecimalPoint(u',', u'.');
+    setText(collection, 1, "y * 2");
+    collection.endBatchUpdate();
+    EXPECT_THAT(answersOf(collection), ElementsAre("1.5", "3"));
+}
+
+// A delegate that is told of shifted references writes a declaration instead.
+class DeclaringDelegate : public TCLineCollectionDelegate {
+public:
+    bool respondsToDidNoticeThatLineReferenceOnLines() const override { return true; }
+    void lineCollectionDidNoticeThatLineReferenceOnLinesShouldShiftBy(
+        TCLineCollection& collection, const std::vector<std::shared_ptr<TCLine>>&,
+        const std::vector<TCLineReferenceShifts>&) override {
+        setText(collection, 0, "rate = 4");
+    }
+};
+
+TEST(DeclaredNames, ANameThatADelegateDeclaresIsKnown) {
+    useEvaluatingEnvironment();
+    TCLineCollection collection;
+    fill(collection, {"1", "2", relative(-1), "3 * rate"});
+    DeclaringDelegate delegate;
+    collection.setDelegate(&delegate);
+    collection.insertLine(lineOf("9"), 2);
+    EXPECT_THAT(answersOf(collection), ElementsAre("4", "2", "9", "9", "12"));
+    collection.setDelegate(nullptr);
 }
 
 TEST(LineCollectionVariable, EachDeclarationRulesItsRange) {

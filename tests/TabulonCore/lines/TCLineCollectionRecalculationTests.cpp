@@ -309,6 +309,45 @@ TEST(Recalculation, AnswersFollowTheirReferences) {
     EXPECT_EQ(collection.expressionAndResultOnLineIndex(1, u"="), u"100=100");
 }
 
+TEST(Recalculation, AnAngleModeReachesTheUsersOfItsLines) {
+    useEvaluatingEnvironment();
+    TCLineCollection collection;
+    RecordingDelegate delegate;
+    collection.setDelegate(&delegate);
+    fill(collection, {absolute(2) + " + 1", "7", "cos(180)", relative(-1) + " * 2"});
+    EXPECT_THAT(answersOf(collection), ElementsAre(u"0", u"7", u"-1", u"-2"));
+    const auto rounded = [&] {
+        std::vector<std::string> answers;
+        for (const auto& answer : answersOf(collection))
+            answers.push_back(TBF::utf8(answer.value_or(u"")).substr(0, 5));
+        return answers;
+    };
+    delegate.take();
+    EvaluationRecord record;
+    collection.lineAtIndex(2)->setTrigonometryMode(2);
+    EXPECT_THAT(rounded(), ElementsAre("0.401", "7", "-0.59", "-1.19"));
+    EXPECT_THAT(record.take(), ElementsAre(2, 0, 3));
+    EXPECT_THAT(delegate.take(), ElementsAre("updated 0 2 3", "followed 0 3"));
+    collection.lineAtIndex(2)->setTrigonometryMode(1);
+    EXPECT_THAT(rounded(), ElementsAre("0", "7", "-1", "-2"));
+    record.take();
+    delegate.take();
+
+    collection.setTrigonometryMode(2); // each line once, and its users after it
+    EXPECT_THAT(rounded(), ElementsAre("0.401", "7", "-0.59", "-1.19"));
+    EXPECT_THAT(record.take(), ElementsAre(2, 0, 1, 3));
+    EXPECT_THAT(delegate.take(), ElementsAre("updated 0 1 2 3"));
+
+    collection.beginBatchUpdate();
+    collection.reevaluateLinesDependingOnUnit();
+    collection.setTrigonometryMode(1);
+    collection.lineAtIndex(0)->setTrigonometryMode(2);
+    EXPECT_THAT(record.take(), IsEmpty());
+    collection.endBatchUpdate();
+    EXPECT_THAT(rounded(), ElementsAre("0", "7", "-1", "-2"));
+    collection.setDelegate(nullptr);
+}
+
 TEST(Recalculation, RandomEditsEqualAFreshLoad) {
     useEvaluatingEnvironment();
     for (uint32_t seed = 1; seed <= 12; ++seed) {

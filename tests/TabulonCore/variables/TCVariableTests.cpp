@@ -1,5 +1,6 @@
 #include "variables/TCVariable.h"
 
+#include "eval/variables/Variable.h"
 #include "lines/LineCollectionTesting.h"
 #include "results/TCResult.h"
 #include "units/UnitContainer.h"
@@ -43,6 +44,22 @@ TEST(Variable, EmptyTextIsNoValue) {
     EXPECT_EQ(variable->displayValue(), u"");
     variable->setResultValue(TCResult::resultWithRawResultString(u"2.50").get());
     EXPECT_EQ(variable->value(), u"2.5");
+}
+
+// The same text at the end and where the range begins says nothing of what lies between.
+TEST(Variable, AValueIsSetThroughoutItsRange) {
+    const auto variable = TCVariable::variableWithName(u"x", std::u16string(u"5"), 0, nullptr);
+    const auto valueAt = [&](int32_t index) {
+        const TBF::VariableValue* const value = variable->tbfVariable()->valueAt(index);
+        return TBF::utf8(value->string()->utf16()) + (value->flags() ? "%" : "");
+    };
+    variable->setDelocalizedValue(u"5", 1, nullptr, {3, 2});
+    EXPECT_EQ(variable->displayValue(), u"5");
+    EXPECT_EQ(valueAt(2) + " " + valueAt(3) + " " + valueAt(5), "5 5% 5");
+    variable->setDelocalizedValue(u"5", 0, nullptr, {0, 8});
+    EXPECT_EQ(valueAt(2) + " " + valueAt(3) + " " + valueAt(5), "5 5 5");
+    variable->setDelocalizedValue(u"7", 0, nullptr, {0, 4});
+    EXPECT_EQ(variable->displayValue(), u"5");
 }
 
 TEST(Variable, Validation) {

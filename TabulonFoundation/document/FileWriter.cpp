@@ -6,9 +6,11 @@
 
 #include <libxml/xmlwriter.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 #include <memory>
 #include <string_view>
 
@@ -40,6 +42,32 @@ std::string encoded(std::u16string_view text) {
     return utf8(kept);
 }
 
+struct EscapeRow {
+    char character;
+    std::string_view text;
+};
+
+constexpr EscapeRow escapes[] = {
+    {'<', "&lt;"}, {'>', "&gt;"}, {'&', "&amp;"}, {'"', "&quot;"}, {'\r', "&#13;"},
+};
+
+// As libxml2 escapes a text. Its own function gives no text at all where there is no memory, and the writer
+// takes that for an empty one.
+std::string escaped(std::string_view text) {
+    std::string result;
+    result.reserve(text.size());
+    for (const char c : text) {
+        const auto* const row = std::find_if(std::begin(escapes), std::end(escapes),
+                                             [c](const EscapeRow& each) { return each.character == c; });
+        if (row == std::end(escapes)) {
+            result += c;
+        } else {
+            result += row->text;
+        }
+    }
+    return result;
+}
+
 // As "%g" writes it where the decimal point is ".".
 std::string textOf(double number) {
     char text[32] = {};
@@ -57,10 +85,12 @@ public:
     void start(const char* name) { check(xmlTextWriterStartElement(writer, xmlText(name))); }
     void end() { check(xmlTextWriterEndElement(writer)); }
     void comment(const char* text) { check(xmlTextWriterWriteComment(writer, xmlText(text))); }
-    void emptyLine() { check(xmlTextWriterWriteString(writer, xmlText("\n"))); }
+    void emptyLine() { raw("\n"); }
 
     void element(const char* name, const std::string& text) {
-        check(xmlTextWriterWriteElement(writer, xmlText(name), xmlText(text.c_str())));
+        start(name);
+        raw(escaped(text));
+        end();
     }
 
     // An element without text reads as absent, and so is left out.
@@ -86,6 +116,7 @@ public:
     bool isComplete() const { return complete; }
 
 private:
+    void raw(const std::string& text) { check(xmlTextWriterWriteRaw(writer, xmlText(text.c_str()))); }
     void check(int result) { complete = complete && result >= 0; }
 
     xmlTextWriter* writer; // owned by the caller, outlives the layout
@@ -151,8 +182,10 @@ std::optional<std::string> FileWriter::text() const {
     layout.emptyLine();
     writeLines(layout, linesNode ? *linesNode : FileLinesNode());
     layout.end();
-    if (!layout.isComplete() || xmlTextWriterEndDocument(writer.get()) < 0) return std::nullopt;
-    writer.reset(); // flushes into the buffer
+    const bool isWhole = layout.isComplete() && xmlTextWriterEndDocument(writer.get()) >= 0 &&
+                         xmlTextWriterFlush(writer.get()) >= 0;
+    if (!isWhole) return std::nullopt;
+    writer.reset();
     return std::string(reinterpret_cast<const char*>(xmlBufferContent(buffer.get())),
                        static_cast<std::size_t>(xmlBufferLength(buffer.get())));
 }

@@ -4,6 +4,8 @@
 #include "runtime/TBFLog.h"
 #include "runtime/Unicode.h"
 
+#include <libxml/globals.h>
+#include <libxml/xmlerror.h>
 #include <libxml/xmlwriter.h>
 
 #include <algorithm>
@@ -23,6 +25,19 @@ struct BufferDeleter {
 };
 struct WriterDeleter {
     void operator()(xmlTextWriter* writer) const { xmlFreeTextWriter(writer); }
+};
+
+// What goes wrong is told by the writer's result: libxml2 prints nothing meanwhile, on this thread.
+class Silence {
+public:
+    Silence() { xmlSetStructuredErrorFunc(nullptr, [](void*, xmlErrorPtr) {}); }
+    ~Silence() { xmlSetStructuredErrorFunc(oldContext_, oldFunction_); }
+    Silence(const Silence&) = delete;
+    Silence& operator=(const Silence&) = delete;
+
+private:
+    void* const oldContext_ = xmlStructuredErrorContext;
+    const xmlStructuredErrorFunc oldFunction_ = xmlStructuredError;
 };
 
 const xmlChar* xmlText(const char* text) {
@@ -76,15 +91,22 @@ std::string textOf(double number) {
 }
 
 // The calls that make the layout of the file. A failed call leaves a buffer that can't be used, which
-// only happens without memory.
+// only happens without memory; no other call follows it, since a writer that can't end its elements takes
+// longer for each new one.
 class Layout {
 public:
     explicit Layout(xmlTextWriter* textWriter)
         : writer(textWriter) {}
 
-    void start(const char* name) { check(xmlTextWriterStartElement(writer, xmlText(name))); }
-    void end() { check(xmlTextWriterEndElement(writer)); }
-    void comment(const char* text) { check(xmlTextWriterWriteComment(writer, xmlText(text))); }
+    void start(const char* name) {
+        if (complete) check(xmlTextWriterStartElement(writer, xmlText(name)));
+    }
+    void end() {
+        if (complete) check(xmlTextWriterEndElement(writer));
+    }
+    void comment(const char* text) {
+        if (complete) check(xmlTextWriterWriteComment(writer, xmlText(text)));
+    }
     void emptyLine() { raw("\n"); }
 
     void element(const char* name, const std::string& text) {
@@ -116,7 +138,9 @@ public:
     bool isComplete() const { return complete; }
 
 private:
-    void raw(const std::string& text) { check(xmlTextWriterWriteRaw(writer, xmlText(text.c_str()))); }
+    void raw(const std::string& text) {
+        if (complete) check(xmlTextWriterWriteRaw(writer, xmlText(text.c_str())));
+    }
     void check(int result) { complete = complete && result >= 0; }
 
     xmlTextWriter* writer; // owned by the caller, outlives the layout
@@ -164,6 +188,7 @@ void writeLines(Layout& layout, const FileLinesNode& lines) {
 } // namespace
 
 std::optional<std::string> FileWriter::text() const {
+    const Silence silence;
     const std::unique_ptr<xmlBuffer, BufferDeleter> buffer(xmlBufferCreate());
     if (!buffer) return std::nullopt;
     // Growing by doubling: documents may have any number of lines.

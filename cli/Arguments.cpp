@@ -215,6 +215,8 @@ struct Parser {
         convertCommand = app.add_subcommand("convert", "Text to a document, or a document to text");
         addFile(*convertCommand, "SOURCE", conversion.source, "UTF-8 text or a document, or -")->required();
         addFile(*convertCommand, "DESTINATION", conversion.destination, "The file to write")->required();
+        convertCommand->add_flag("--force", conversion.isForced,
+                                 "Write over a file of another kind than the one written");
         addReadingOptions(*convertCommand, conversion.reading);
     }
 

@@ -56,6 +56,7 @@ struct ExportArguments {
 struct ConvertArguments {
     std::string source;
     std::string destination;
+    bool isForced = false; // writes over a file of another kind
     ReadingOptions reading;
 };
 

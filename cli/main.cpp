@@ -3,9 +3,9 @@
 #include "Arguments.h"
 #include "CommandFailure.h"
 #include "commands/Commands.h"
+#include "output/Output.h"
+#include "process/LastWords.h"
 
-#include <algorithm>
-#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <new>
@@ -30,23 +30,23 @@ void run(const CommandArguments& arguments) {
                arguments);
 }
 
-// One line, whatever the names of files hold.
 void report(const CommandFailure& failure) {
-    std::string line = failure.file.empty() ? failure.why : failure.file + ": " + failure.why;
-    std::replace_if(
-        line.begin(), line.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, '?');
-    std::fprintf(stderr, "tabulon: %s\n", line.c_str());
+    if (failure.file.empty()) {
+        printLastLine({failure.why});
+    } else {
+        printLastLine({failure.file, ": ", failure.why});
+    }
     if (failure.exitCode == ExitCodeUsage) std::fputs("Run \"tabulon --help\" for the usage.\n", stderr);
 }
 
 } // namespace
 
 int main(int count, char** values) {
-    // A reader that has seen enough is met as an error of writing.
-    std::signal(SIGPIPE, SIG_IGN);
+    prepareForTheWorst();
     try {
         if (const auto arguments = parseArguments(count, values)) {
             hostPlugIn(arguments->host);
+            refuseInputAsOutput(*arguments);
             run(arguments->command);
         }
         return ExitCodeDone;
@@ -54,9 +54,9 @@ int main(int count, char** values) {
         report(failure);
         return failure.exitCode;
     } catch (const std::bad_alloc&) {
-        report({ExitCodeFailed, {}, "there is not enough memory"});
+        printLastLine({"there is not enough memory"});
     } catch (const std::exception& error) {
-        report({ExitCodeFailed, {}, error.what()});
+        printLastLine({error.what()});
     }
     return ExitCodeFailed;
 }

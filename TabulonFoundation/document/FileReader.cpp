@@ -2,6 +2,8 @@
 
 #include "document/FileContents.h"
 #include "runtime/TBFLog.h"
+#include "xml/XMLBounds.h"
+#include "xml/XMLFeed.h"
 
 #include <libxml/SAX2.h>
 #include <libxml/parser.h>
@@ -28,14 +30,6 @@ constexpr std::size_t maxShownName = 40;
 
 std::atomic<bool> lineNumbersEnabled{false};
 
-struct ContextDeleter {
-    void operator()(xmlParserCtxt* context) const {
-        if (context->myDoc) xmlFreeDoc(context->myDoc);
-        xmlFreeParserCtxt(context);
-    }
-};
-using ParserContext = std::unique_ptr<xmlParserCtxt, ContextDeleter>;
-
 class FileDescriptor {
 public:
     explicit FileDescriptor(const std::string& path)
@@ -59,7 +53,6 @@ struct ParseRun {
     int firstCode = 0;
     int firstLine = 0;
     bool failedAtEnd = false; // the first error was that there is no more text
-    bool declaresEntities = false;
 };
 
 std::string_view viewOf(const xmlChar* text) {
@@ -115,12 +108,6 @@ void structuredErrorHandler(void* context, xmlErrorPtr error) {
     run.failedAtEnd = input && input->cur >= input->end;
 }
 
-// Documents have no use for entities of their own; without them nothing can be fetched or multiplied.
-void entityDeclarationHandler(void* context, const xmlChar*, int, const xmlChar*, const xmlChar*, xmlChar*) {
-    runOf(context).declaresEntities = true;
-    xmlStopParser(&contextOf(context));
-}
-
 // The handlers belong to one context: the error functions of all of libxml2 stay as they are. No tree is
 // built, which would cost many times the file's size.
 void installHandlers(xmlParserCtxt& context, ParseRun& run) {
@@ -133,13 +120,11 @@ void installHandlers(xmlParserCtxt& context, ParseRun& run) {
     handlers.ignorableWhitespace = textHandler; // a separator may be a space
     handlers.cdataBlock = textHandler;
     handlers.comment = commentHandler;
-    handlers.entityDecl = entityDeclarationHandler;
     handlers.serror = structuredErrorHandler;
     *context.sax = handlers;
 }
 
 std::string reasonOf(const ParseRun& run) {
-    if (run.declaresEntities) return "declares XML entities, which a document can't have";
     const std::string place = " (line " + std::to_string(run.firstLine) + ")";
     const bool isEncodingError = run.firstCode == XML_ERR_INVALID_ENCODING ||
                                  run.firstCode == XML_I18N_CONV_FAILED ||
@@ -197,12 +182,13 @@ bool FileReader::loadBytes(std::string& bytes) {
         if (count == 0) return true;
         bytes.append(buffer, static_cast<std::size_t>(count));
         // Of something else than a document, however long, no more than the start is read.
-        if (!bytes.starts_with(xmlStart)) return true;
+        if (!platform::withoutByteOrderMark(bytes).starts_with(xmlStart)) return true;
         if (bytes.size() > maxFileSize) return fail(FileReaderErrorCannotRead, "is too large for a document");
     }
 }
 
 bool FileReader::readMemory(std::string_view bytes) {
+    bytes = platform::withoutByteOrderMark(bytes);
     if (!bytes.starts_with(xmlStart)) {
         const bool isBeginning = xmlStart.starts_with(bytes) && !bytes.empty();
         return fail(FileReaderErrorWrongFormat, bytes.empty() ? "is empty, and so is not a document"
@@ -215,14 +201,15 @@ bool FileReader::readMemory(std::string_view bytes) {
 
 bool FileReader::parse(std::string_view bytes) {
     if (bytes.size() > maxFileSize) return fail(FileReaderErrorCannotRead, "is too large for a document");
-    // Before the first context: libxml2 sets itself up without a lock of its own.
-    static const bool isSetUp = (xmlInitParser(), true);
-    static_cast<void>(isSetUp);
-    const ParserContext context(xmlCreateMemoryParserCtxt(bytes.data(), static_cast<int>(bytes.size())));
+    if (const platform::XMLExcess excess = platform::firstExcessOfXML(bytes)) {
+        return fail(FileReaderErrorBadContent,
+                    std::string(excess.what) + " (line " + std::to_string(excess.line) + ")");
+    }
+    platform::XMLFeed feed(bytes);
+    const platform::XMLParser context = feed.makeParser();
     if (!context) return fail(FileReaderErrorBadContent, "can't be parsed: there is no memory");
 
     ParseRun run;
-    xmlCtxtUseOptions(context.get(), XML_PARSE_NONET);
     installHandlers(*context, run);
     const int status = xmlParseDocument(context.get());
     messages = std::move(run.messages);
@@ -233,9 +220,8 @@ bool FileReader::parse(std::string_view bytes) {
                                                    foreignRoot.substr(0, maxShownName) + "> and not <" +
                                                    std::string(FileContents::rootName) + ">");
     }
-    if (status != 0 || !context->wellFormed || run.declaresEntities) {
-        return fail(FileReaderErrorBadContent, reasonOf(run));
-    }
+    if (feed.hasTooManyNames()) return fail(FileReaderErrorBadContent, "has over 10,000 different names");
+    if (status != 0 || !context->wellFormed) return fail(FileReaderErrorBadContent, reasonOf(run));
     infoNode = std::move(run.contents.info);
     settingsNode = std::move(run.contents.settings);
     linesNode = std::move(run.contents.lines);

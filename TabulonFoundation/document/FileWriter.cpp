@@ -4,11 +4,15 @@
 #include "runtime/TBFLog.h"
 #include "runtime/Unicode.h"
 
+#include <libxml/globals.h>
+#include <libxml/xmlerror.h>
 #include <libxml/xmlwriter.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 #include <memory>
 #include <string_view>
 
@@ -21,6 +25,19 @@ struct BufferDeleter {
 };
 struct WriterDeleter {
     void operator()(xmlTextWriter* writer) const { xmlFreeTextWriter(writer); }
+};
+
+// What goes wrong is told by the writer's result: libxml2 prints nothing meanwhile, on this thread.
+class Silence {
+public:
+    Silence() { xmlSetStructuredErrorFunc(nullptr, [](void*, xmlErrorPtr) {}); }
+    ~Silence() { xmlSetStructuredErrorFunc(oldContext_, oldFunction_); }
+    Silence(const Silence&) = delete;
+    Silence& operator=(const Silence&) = delete;
+
+private:
+    void* const oldContext_ = xmlStructuredErrorContext;
+    const xmlStructuredErrorFunc oldFunction_ = xmlStructuredError;
 };
 
 const xmlChar* xmlText(const char* text) {
@@ -40,6 +57,32 @@ std::string encoded(std::u16string_view text) {
     return utf8(kept);
 }
 
+struct EscapeRow {
+    char character;
+    std::string_view text;
+};
+
+constexpr EscapeRow escapes[] = {
+    {'<', "&lt;"}, {'>', "&gt;"}, {'&', "&amp;"}, {'"', "&quot;"}, {'\r', "&#13;"},
+};
+
+// As libxml2 escapes a text. Its own function gives no text at all where there is no memory, and the writer
+// takes that for an empty one.
+std::string escaped(std::string_view text) {
+    std::string result;
+    result.reserve(text.size());
+    for (const char c : text) {
+        const auto* const row = std::find_if(std::begin(escapes), std::end(escapes),
+                                             [c](const EscapeRow& each) { return each.character == c; });
+        if (row == std::end(escapes)) {
+            result += c;
+        } else {
+            result += row->text;
+        }
+    }
+    return result;
+}
+
 // As "%g" writes it where the decimal point is ".".
 std::string textOf(double number) {
     char text[32] = {};
@@ -48,19 +91,28 @@ std::string textOf(double number) {
 }
 
 // The calls that make the layout of the file. A failed call leaves a buffer that can't be used, which
-// only happens without memory.
+// only happens without memory; no other call follows it, since a writer that can't end its elements takes
+// longer for each new one.
 class Layout {
 public:
     explicit Layout(xmlTextWriter* textWriter)
         : writer(textWriter) {}
 
-    void start(const char* name) { check(xmlTextWriterStartElement(writer, xmlText(name))); }
-    void end() { check(xmlTextWriterEndElement(writer)); }
-    void comment(const char* text) { check(xmlTextWriterWriteComment(writer, xmlText(text))); }
-    void emptyLine() { check(xmlTextWriterWriteString(writer, xmlText("\n"))); }
+    void start(const char* name) {
+        if (complete) check(xmlTextWriterStartElement(writer, xmlText(name)));
+    }
+    void end() {
+        if (complete) check(xmlTextWriterEndElement(writer));
+    }
+    void comment(const char* text) {
+        if (complete) check(xmlTextWriterWriteComment(writer, xmlText(text)));
+    }
+    void emptyLine() { raw("\n"); }
 
     void element(const char* name, const std::string& text) {
-        check(xmlTextWriterWriteElement(writer, xmlText(name), xmlText(text.c_str())));
+        start(name);
+        raw(escaped(text));
+        end();
     }
 
     // An element without text reads as absent, and so is left out.
@@ -86,6 +138,9 @@ public:
     bool isComplete() const { return complete; }
 
 private:
+    void raw(const std::string& text) {
+        if (complete) check(xmlTextWriterWriteRaw(writer, xmlText(text.c_str())));
+    }
     void check(int result) { complete = complete && result >= 0; }
 
     xmlTextWriter* writer; // owned by the caller, outlives the layout
@@ -133,6 +188,7 @@ void writeLines(Layout& layout, const FileLinesNode& lines) {
 } // namespace
 
 std::optional<std::string> FileWriter::text() const {
+    const Silence silence;
     const std::unique_ptr<xmlBuffer, BufferDeleter> buffer(xmlBufferCreate());
     if (!buffer) return std::nullopt;
     // Growing by doubling: documents may have any number of lines.
@@ -151,8 +207,10 @@ std::optional<std::string> FileWriter::text() const {
     layout.emptyLine();
     writeLines(layout, linesNode ? *linesNode : FileLinesNode());
     layout.end();
-    if (!layout.isComplete() || xmlTextWriterEndDocument(writer.get()) < 0) return std::nullopt;
-    writer.reset(); // flushes into the buffer
+    const bool isWhole = layout.isComplete() && xmlTextWriterEndDocument(writer.get()) >= 0 &&
+                         xmlTextWriterFlush(writer.get()) >= 0;
+    if (!isWhole) return std::nullopt;
+    writer.reset();
     return std::string(reinterpret_cast<const char*>(xmlBufferContent(buffer.get())),
                        static_cast<std::size_t>(xmlBufferLength(buffer.get())));
 }

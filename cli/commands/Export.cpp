@@ -9,7 +9,6 @@
 #include "output/Output.h"
 
 void runExport(const ExportArguments& arguments) {
-    if (arguments.output) refuseSameFile(arguments.file, *arguments.output);
     TKLineCollectionExporter exporter(readLines(arguments.file, arguments.reading).collection);
     useColorsOfFile(arguments.colors);
     TKLineCollectionExporterHTMLStyle style = TBColorController::htmlStyle();

@@ -37,7 +37,6 @@ std::string reasonForNoPage(const std::string& file) {
 } // namespace
 
 void runPreview(const PreviewArguments& arguments) {
-    if (arguments.output) refuseSameFile(arguments.file, *arguments.output);
     const Generator generator = loadGenerator();
     useColorsOfFile(arguments.colors);
     const QLProperties options;

@@ -79,7 +79,6 @@ std::string uriOf(const std::string& file) {
 
 void runThumbnail(const ThumbnailArguments& arguments) {
     const std::string& file = arguments.file;
-    refuseSameFile(file, arguments.output);
     const struct stat status = statusOf(file);
     std::string image;
     {

@@ -3,6 +3,8 @@
 // Where results go. Nothing is written in parts: a file has its old content or all of the new one. Main
 // thread.
 
+#include "Arguments.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,9 +13,10 @@
 // is no failure; anything else that goes wrong is a CommandFailure.
 void writeOutput(const std::optional<std::string>& path, std::string_view bytes);
 
-// A CommandFailure of wrong usage if both name one file, whose content would be lost.
-void refuseSameFile(const std::string& input, const std::string& output);
+// A CommandFailure of wrong usage if what is to be written is also read, by whatever name: the document, the
+// colours, a file of the content or of the data folder. Content has to be known by then.
+void refuseInputAsOutput(const Arguments& arguments);
 
-// Whether something stands at `path` that is neither a file nor a folder, such as a device or a pipe, and so
-// can be written to but not be replaced.
+// Whether something stands at `path` that is neither a file nor a folder, such as a device or a pipe, or that is
+// an open descriptor of the process, and so can be written to but not be replaced.
 bool isSpecialFile(const std::string& path);

@@ -2,6 +2,8 @@
 // the values. Entities beyond those of XML itself aren't known, and nothing outside of the bytes is read.
 
 #include "propertylist/PropertyListForms.h"
+#include "xml/XMLBounds.h"
+#include "xml/XMLFeed.h"
 
 #include <libxml/SAX2.h>
 #include <libxml/parser.h>
@@ -15,7 +17,6 @@
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <utility>
 
 namespace platform {
@@ -281,24 +282,18 @@ void Reader::add(PropertyList value) {
     }
 }
 
-struct ParserDeleter {
-    // Declarations of entities make a document on the side, which the parser doesn't free.
-    void operator()(xmlParserCtxtPtr context) const {
-        xmlFreeDoc(context->myDoc);
-        context->myDoc = nullptr;
-        xmlFreeParserCtxt(context);
-    }
-};
-
 std::optional<PropertyList> Reader::read(std::string& error) {
-    const std::unique_ptr<xmlParserCtxt, ParserDeleter> context(
-        xmlCreateMemoryParserCtxt(bytes.data(), static_cast<int>(bytes.size())));
+    if (const XMLExcess excess = firstExcessOfXML(bytes)) {
+        error = "line " + std::to_string(excess.line) + ": it " + std::string(excess.what);
+        return std::nullopt;
+    }
+    XMLFeed feed(bytes);
+    const XMLParser context = feed.makeParser();
     if (!context) {
-        error = "nothing in it";
+        error = "there is no memory";
         return std::nullopt;
     }
     parser = context.get();
-    // Without the handlers for declarations, those of entities are passed over.
     *context->sax = xmlSAXHandler{};
     context->sax->initialized = XML_SAX2_MAGIC;
     context->sax->startElementNs = onStart;
@@ -307,8 +302,8 @@ std::optional<PropertyList> Reader::read(std::string& error) {
     context->sax->cdataBlock = onText;
     context->sax->serror = onError;
     context->userData = this;
-    xmlCtxtUseOptions(context.get(), XML_PARSE_NONET);
     xmlParseDocument(context.get());
+    if (feed.hasTooManyNames()) failure = "over 10,000 different names";
     if (failure.empty() && !context->wellFormed) failure = "not well-formed";
     if (failure.empty() && !result) failure = "no property list";
     if (!failure.empty()) {

@@ -134,7 +134,9 @@ TEST(FileReader, saysWhatIsWrongInOneSentence) {
     } rows[] = {
         {"", TBF::FileReaderErrorWrongFormat, "is empty"},
         {"1 + 2\n", TBF::FileReaderErrorWrongFormat, "doesn't begin with \"<?xml\""},
-        {"\xEF\xBB\xBF" + good, TBF::FileReaderErrorWrongFormat, "doesn't begin with"},
+        {"\xEF\xBB\xBF\xEF\xBB\xBF" + good, TBF::FileReaderErrorWrongFormat, "doesn't begin with"},
+        {"<?xml version=\"1.0\" encoding=\"UTF-7\"?><data/>", TBF::FileReaderErrorBadContent,
+         "is in an encoding that isn't read: it has to be UTF-8 (line 1)."},
         {"<?x", TBF::FileReaderErrorWrongFormat, "is cut off"},
         {declaration, TBF::FileReaderErrorBadContent, "is cut off"},
         {good.substr(0, good.size() - 4), TBF::FileReaderErrorBadContent, "is cut off"},
@@ -181,6 +183,14 @@ std::string repeated(const std::string& text, int count) {
     return all;
 }
 
+// The number stands between the two texts.
+std::string numbered(const std::string& before, const std::string& after, int count) {
+    std::string all;
+    for (int i = 0; i < count; ++i)
+        all.append(before).append(std::to_string(i)).append(after);
+    return all;
+}
+
 // None of these may take time or memory that grows faster than the file, or touch another file.
 TEST(FileReader, survivesHostileFiles) {
     const std::string secret = testing::TempDir() + "tabulon-secret-" + std::to_string(getpid()) + ".txt";
@@ -202,12 +212,19 @@ TEST(FileReader, survivesHostileFiles) {
         std::string bytes;
         const char* sentence;
     } rows[] = {
-        {bomb, "declares XML entities"},
-        {parameterBomb, "declares XML entities"},
+        {bomb, "has definitions of its own"},
+        {parameterBomb, "has definitions of its own"},
         {declaration + "<!DOCTYPE data [<!ENTITY x SYSTEM \"file://" + secret + "\">]>" + expression,
-         "declares XML entities"},
+         "has definitions of its own"},
         {declaration + "<!DOCTYPE data [<!ENTITY % x SYSTEM \"http://localhost:1/x\"> %x;]>" + expression,
-         "declares XML entities"},
+         "has definitions of its own"},
+        {document("<x" + numbered(" a", "=\"1\"", 300'000) + "/>"), "has a tag of over 4,096 bytes (line 2)"},
+        {declaration + "<!DOCTYPE data [<!ATTLIST x" + numbered(" a", " CDATA \"1\"", 6'000) + ">]><data>" +
+             repeated("<x/>", 18'000) + "</data>",
+         "has definitions of its own (a document type) (line 2)"},
+        {document(numbered("<a", "/>", 1'200'000)), "has over 10,000 different names"},
+        {document("&what;" + numbered("<a", "/>", 1'200'000)), "Entity 'what' not defined"},
+        {document(repeated("&what;", 2'000'000)), "Entity 'what' not defined"},
         {document(repeated("<lines>", 100'000)), "is not well-formed XML: "},
         {declaration + repeated("<", 1'000'000), "is not well-formed XML: "},
     };
@@ -228,6 +245,18 @@ TEST(FileReader, fetchesNoExternalDefinitions) {
                                   "<data><lines><line><expression>1</expression></line></lines></data>"))
         << reader.failureSentence();
     EXPECT_EQ(reader.lines()->count(), 1u);
+}
+
+TEST(FileReader, passesOverAByteOrderMark) {
+    TBF::FileReader reader("x");
+    EXPECT_TRUE(reader.readMemory("\xEF\xBB\xBF" +
+                                  document("<lines><line><expression>1</expression></line></lines>")))
+        << reader.failureSentence();
+    EXPECT_EQ(text(reader.lines()->find(0)->expression), "1");
+    const std::string path = testing::TempDir() + "tabulon-marked-" + std::to_string(getpid());
+    std::ofstream(path) << "\xEF\xBB\xBF" << document("");
+    EXPECT_TRUE(TBF::FileReader(path).readFile());
+    std::filesystem::remove(path);
 }
 
 TEST(FileReader, readsLongLinesAndManyItems) {

@@ -6,9 +6,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <libxml/xmlmemory.h>
+
+#include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <random>
 #include <string>
 
@@ -143,6 +148,44 @@ TEST(FileWriter, writingReadingAndWritingIsStable) {
         ASSERT_TRUE(reader.readMemory(first)) << reader.failureSentence();
         ASSERT_EQ(rewritten(reader), first);
     }
+}
+
+// libxml2's memory, which ends after so many requests.
+int requestsLeft = 0;
+
+void* allocateOrFail(std::size_t size) {
+    return requestsLeft-- > 0 ? std::malloc(size) : nullptr;
+}
+
+void* reallocateOrFail(void* memory, std::size_t size) {
+    return requestsLeft-- > 0 ? std::realloc(memory, size) : nullptr;
+}
+
+char* duplicateOrFail(const char* text) {
+    return requestsLeft-- > 0 ? strdup(text) : nullptr;
+}
+
+// Wherever memory ends, there is the whole text or none.
+TEST(FileWriter, losesNoTextWithoutMemory) {
+    TBF::FileLinesNode lines;
+    for (std::size_t i = 0; i < 3; ++i) {
+        lines.lineAt(i).expression = TBF::String::create(std::u16string(6000, u'1') + u"<&>\"\r");
+        lines.lineAt(i).formattingAttributes.set(string(u"sn_mode"), string(u"0"));
+    }
+    TBF::FileWriter writer;
+    writer.setLinesNode(&lines);
+    const std::string whole = writer.text().value();
+    xmlMemSetup(std::free, allocateOrFail, reallocateOrFail, duplicateOrFail);
+    int refused = 0;
+    std::optional<std::string> text;
+    for (int requests = 0; !text && requests < 10'000; ++requests) {
+        requestsLeft = requests;
+        text = writer.text();
+        refused += !text;
+    }
+    xmlMemSetup(std::free, std::malloc, std::realloc, strdup);
+    EXPECT_EQ(text, whole);
+    EXPECT_GT(refused, 50);
 }
 
 TEST(FileWriter, everyCodeUnitIsWrittenOrLeftOut) {

@@ -125,6 +125,9 @@ TEST(PropertyList, FormsOfXMLThatPeopleWrite) {
     }
     EXPECT_TRUE(PropertyList::parse("<!DOCTYPE plist PUBLIC \"x\" \"http://nowhere.invalid/x.dtd\">"
                                     "<plist><true/></plist>"));
+    EXPECT_TRUE(PropertyList::parse("\xEF\xBB\xBF" + plist("<true/>")));
+    EXPECT_EQ(PropertyList::parse("<?xml version='1.0' encoding='ISO-8859-1'?><plist><string>\xE9</string></plist>"),
+              PropertyList("\xC3\xA9"));
 }
 
 TEST(PropertyList, WhatIsNoneGivesAnErrorWithItsLine) {
@@ -156,6 +159,9 @@ TEST(PropertyList, WhatIsNoneGivesAnErrorWithItsLine) {
              plist("<string>\xFF</string>"),
              std::string("<!DOCTYPE plist [<!ENTITY a \"aaaa\"><!ENTITY b \"&a;&a;&a;\">]><plist><string>&b;"
                          "</string></plist>"),
+             std::string("<!DOCTYPE plist []><plist><true/></plist>"),
+             std::string("<?xml version='1.0' encoding='UTF-7'?><plist><true/></plist>"),
+             plist("<string a='" + std::string(5000, 'x') + "'/>"),
              std::string("bplist00"),
              std::string("bplist00") + std::string(40, '\xFF'),
              std::string("bplist00") + std::string(40, '\0'),

@@ -13,6 +13,7 @@ class Bundle;
 struct BootstrapChoices {
     std::string localization; // of the content, as "de"; empty leaves it to the user's preferences
     std::optional<std::string> dataFolder; // with the saved values
+    bool tellsOfContent = false; // that content is missing or damaged; otherwise a line on standard error does
 };
 
 // For the `bootstrap` to come; without effect afterwards. On the thread that makes the first instance.

@@ -3,12 +3,14 @@
 #include "Arguments.h"
 #include "CommandFailure.h"
 #include "commands/Commands.h"
+#include "m_apm.h"
 #include "runtime/TBFLog.h"
 
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <libxml/globals.h>
 #include <new>
 
 namespace {
@@ -40,13 +42,22 @@ void report(const CommandFailure& failure) {
     if (failure.exitCode == ExitCodeUsage) std::fputs("Run \"tabulon --help\" for the usage.\n", stderr);
 }
 
+// Libraries that say on standard error what they give back as a failure, too.
+void quietLibraries() {
+    TBFErrorLogSetEnabled(0);
+    const auto ignore = [](void*, const char*, ...) {};
+    xmlSetGenericErrorFunc(nullptr, ignore);
+    xmlThrDefSetGenericErrorFunc(nullptr, ignore);
+    m_apm_set_out_of_memory_handler([] { throw std::bad_alloc(); });
+}
+
 } // namespace
 
 int main(int count, char** values) {
     // A reader that has seen enough is met as an error of writing. The engine's log speaks to
     // developers; what a user needs to know is in the failures.
     std::signal(SIGPIPE, SIG_IGN);
-    TBFErrorLogSetEnabled(0);
+    quietLibraries();
     try {
         if (const auto arguments = parseArguments(count, values)) {
             hostPlugIn(arguments->host);

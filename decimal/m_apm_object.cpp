@@ -35,14 +35,21 @@ struct IdleValues {
 
 IdleValues idle;
 
+void (*outOfMemoryHandler)() = nullptr;
+
 } // namespace
 
 void M_apm_log_error_msg(bool fatal, const char* message) {
     if (fatal) {
+        if (outOfMemoryHandler) outOfMemoryHandler();
         std::fprintf(stderr, "MAPM Error: %s\n", message);
         std::exit(100);
     }
     std::fprintf(stderr, "MAPM Warning: %s\n", message);
+}
+
+void m_apm_set_out_of_memory_handler(void (*handler)()) {
+    outOfMemoryHandler = handler;
 }
 
 M_APM M_new_value() {

@@ -3,11 +3,14 @@
 #include "Arguments.h"
 #include "CommandFailure.h"
 #include "commands/Commands.h"
+#include "m_apm.h"
 #include "output/Output.h"
 #include "process/LastWords.h"
 
 #include <cstdio>
 #include <exception>
+#include <libxml/globals.h>
+#include <libxml/parser.h>
 #include <new>
 
 namespace {
@@ -39,10 +42,20 @@ void report(const CommandFailure& failure) {
     if (failure.exitCode == ExitCodeUsage) std::fputs("Run \"tabulon --help\" for the usage.\n", stderr);
 }
 
+void ignore(void*, const char*, ...) {}
+
+// Libraries that say on standard error what they give back as a failure, too.
+void quietLibraries() {
+    xmlSetGenericErrorFunc(nullptr, ignore);
+    xmlThrDefSetGenericErrorFunc(nullptr, ignore);
+    m_apm_set_out_of_memory_handler([] { throw std::bad_alloc(); });
+}
+
 } // namespace
 
 int main(int count, char** values) {
     prepareForTheWorst();
+    quietLibraries();
     try {
         if (const auto arguments = parseArguments(count, values)) {
             hostPlugIn(arguments->host);

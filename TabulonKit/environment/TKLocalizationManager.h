@@ -5,6 +5,8 @@
 // as "$" means, which several currencies have, to the units. Filled by the load job, then used on the main
 // thread.
 
+#include "propertylist/PropertyList.h"
+
 #include <memory>
 #include <optional>
 #include <span>
@@ -45,11 +47,14 @@ public:
     void setWordOperatorsPlistFile(std::optional<std::string> path);
     void setUnitLocalizationPlistFile(std::optional<std::string> path);
 
-    // Read the files again. What can't be used in them is reported and passed over.
+    // Read the files again. What can't be used in them is passed over, and told by `failures`.
     void refreshLocalization();
     void refreshPercentageOperators();
     void refreshWordOperators();
     void refreshUnitLocalization();
+
+    // Why files, or entries in them, could not be used so far, a sentence each.
+    const std::vector<std::string>& failures() const { return readingFailures; }
 
     // The code of the currency that the user's surroundings have, if there is a unit for it; otherwise "USD".
     std::u16string bestCurrencyCodeForCurrentLocale() const;
@@ -66,6 +71,8 @@ public:
     const std::shared_ptr<TCWordOperatorList>& wordOperatorList() const { return words; }
 
 private:
+    platform::PropertyList contentsOf(const std::string& path);
+    void addFailure(const std::string& path, const platform::PropertyList& entry);
     std::u16string codeMeantByClash(const TKClashingSymbol& clash, std::u16string_view code) const;
 
     std::shared_ptr<TKUnitsManager> units;
@@ -74,4 +81,5 @@ private:
     std::optional<std::string> wordOperatorsFilePath;
     std::vector<std::string> percentageOperatorsFilePaths;
     std::optional<std::string> unitLocalizationFilePath;
+    std::vector<std::string> readingFailures;
 };

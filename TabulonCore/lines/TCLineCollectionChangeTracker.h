@@ -46,7 +46,6 @@ class TCLineCollectionChangeTracker {
 public:
     void registerChange(const TCLineCollectionChange& change) { changes.push_back(change); }
     void reset() { changes.clear(); }
-    bool hasChanges() const { return !changes.empty(); }
 
     // One change touches what it names. Several are not told apart: they touch every line of `collection`.
     TCChangedLineIndexes changedLineIndexesInLineCollection(const TCLineCollection& collection) const;

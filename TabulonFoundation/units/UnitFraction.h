@@ -90,7 +90,6 @@ public:
     M_APM unitMultiplier() const noexcept;
     M_APM extraMultiplier() const noexcept;
     bool hasExtraMultiplier() const noexcept { return contents.extraMultiplier != nullptr; }
-    const Ref<Number>& multiplierNumber() const noexcept { return contents.multiplier; }
 
     // The offset of the numerator's only unit that has one; null if none or several have.
     bool hasOnlyOneOffsetNumeratorUnit() const noexcept;

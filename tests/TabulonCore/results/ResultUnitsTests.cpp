@@ -13,6 +13,7 @@
 #include "runtime/Unicode.h"
 #include "units/TCBasicUnit.h"
 #include "units/TCUnitCollection.h"
+#include "variables/TCVariableList.h"
 
 #include <gtest/gtest.h>
 
@@ -178,8 +179,8 @@ TEST_F(ResultUnits, StatisticsAddWithUnits) {
     // In an environment of its own: without units they are words.
     const auto bare = TCEnvironment::make();
     bare->setVariables(std::make_shared<TCVariableList>());
-    const auto sum = TCLineCollectionStatistics(document({"2 km", "3 km"}), bare);
-    EXPECT_EQ(TCLineCollectionStatistics(sum).getStatistic(TCStatisticTypeTotal)->unit(), nullptr);
+    TCLineCollectionStatistics elsewhere(document({"2 km", "3 km"}), bare);
+    EXPECT_EQ(elsewhere.getStatistic(TCStatisticTypeTotal)->unit(), nullptr);
 }
 
 } // namespace

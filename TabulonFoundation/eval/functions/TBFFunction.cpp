@@ -98,6 +98,11 @@ int32_t TBFFunctionGetCountOfAliases(const Function* function) {
     return function ? static_cast<int32_t>(function->aliases().size()) : 0;
 }
 
+const std::vector<TBF::Ref<TBF::String>>& TBFFunctionGetAliasesReference(const TBF::Function* function) {
+    static const std::vector<TBF::Ref<TBF::String>> none;
+    return function ? function->aliases() : none;
+}
+
 TBFFunctionImplementationType TBFFunctionGetImplementationType(const Function* function) {
     return function ? function->implementationType() : TBFFunctionImplementationTypeNone;
 }
@@ -106,7 +111,7 @@ Value* TBFFunctionExecute(const Function* function, Value* const* values, int32_
                           TBF::MAPMContext* registers, TBF::EvaluationContext* context,
                           TBF::EvalMetadata** metadataOut) {
     if (metadataOut) *metadataOut = nullptr;
-    if (!function || !registers || count < 0) return nullptr;
+    if (!function || !registers || count < 0 || (!values && count > 0)) return nullptr;
     Ref<TBF::EvalMetadata> metadata;
     Ref<Value> value = function->execute({{values, static_cast<std::size_t>(count)}, *registers, context},
                                          metadataOut ? &metadata : nullptr);
@@ -116,6 +121,7 @@ Value* TBFFunctionExecute(const Function* function, Value* const* values, int32_
 
 Value* TBFFunctionExecute(const Function* function, const M_APM* digits, int32_t count,
                           TBF::MAPMContext* registers, TBF::EvaluationContext* context) {
+    if (!digits && count > 0) return nullptr;
     std::vector<Ref<Value>> owners;
     for (int32_t i = count; i > 0; --i)
         owners.push_back(Value::create(TBF::Number::create(digits[i - 1], TBFNumberTypeDecimal)));

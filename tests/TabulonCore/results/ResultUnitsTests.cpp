@@ -14,6 +14,7 @@
 #include "runtime/Unicode.h"
 #include "units/TCBasicUnit.h"
 #include "units/TCUnitCollection.h"
+#include "variables/TCVariableList.h"
 
 #include <gtest/gtest.h>
 
@@ -166,16 +167,23 @@ TEST_F(ResultUnits, ASymbolInFrontMovesTheRanges) {
     EXPECT_EQ(ranges.ranges[2].location, 6);
 }
 
+std::string total(const std::shared_ptr<TCLineCollection>& collection, int32_t type) {
+    const auto result = TCLineCollectionStatistics(collection).getStatistic(type);
+    return TBF::utf8(TCResultFormatter::sharedInstance().stringValueForResult(result.get(), {}).value_or(u"-"));
+}
+
 TEST_F(ResultUnits, StatisticsAddWithUnits) {
-    const auto total = [](const std::shared_ptr<TCLineCollection>& collection, int32_t type) {
-        const auto result = TCLineCollectionStatistics(collection).getStatistic(type);
-        return TBF::utf8(
-            TCResultFormatter::sharedInstance().stringValueForResult(result.get(), {}).value_or(u"-"));
-    };
     EXPECT_EQ(total(document({"2 km", "500 m", "prose"}), TCStatisticTypeTotal), "2,500 m");
     EXPECT_EQ(total(document({"2 km", "1 km"}), TCStatisticTypeAverage), "1.5 km");
     EXPECT_EQ(total(document({"2 km", "5 kg"}), TCStatisticTypeTotal), "-");
-    // Percentages add where every line with a value is one.
+    // In an environment of its own: without units they are words.
+    const auto bare = TCEnvironment::make();
+    bare->setVariables(std::make_shared<TCVariableList>());
+    TCLineCollectionStatistics elsewhere(document({"2 km", "3 km"}), bare);
+    EXPECT_EQ(elsewhere.getStatistic(TCStatisticTypeTotal)->unit(), nullptr);
+}
+
+TEST_F(ResultUnits, PercentagesAddWhereEveryLineWithAValueIsOne) {
     EXPECT_EQ(total(document({"10%", "", "20%", "prose"}), TCStatisticTypeTotal), "30");
     EXPECT_EQ(total(document({"10%", "", "20"}), TCStatisticTypeTotal), "");
 }

@@ -9,13 +9,17 @@
 #include <optional>
 
 void TCLineEvaluator::evaluateLine(TCLine& line) {
+    if (line.isKeptAsNothing()) {
+        line.setResult(TCResult::emptyResult());
+        return;
+    }
     const auto& expression = line.evaluableExpression();
     if (!expression || line.lineType() == TCLineTypePlainText) {
         line.setResult(TCResult::emptyResult());
         return;
     }
     if (expression->isEmpty()) {
-        line.setResult(TCResult::resultWithRawResultString(std::nullopt));
+        line.setResult(TCResult::emptyResult());
         return;
     }
     const auto evaluator = TCEvaluator::sharedEvaluator();

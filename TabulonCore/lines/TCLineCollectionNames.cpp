@@ -112,6 +112,7 @@ void TCLineCollection::unparseLinesThatMayUse(const std::vector<std::u16string>&
         return;
     }
     for (const auto& line : lines) {
+        if (line->isKeptAsNothing()) continue;
         const auto evaluable = line->evaluableExpression();
         if (line->isParsed() && evaluable && mayHold(evaluable->stringForEvaluation(), names))
             line->unparse();

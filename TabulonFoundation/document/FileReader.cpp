@@ -60,6 +60,7 @@ struct ParseRun {
     int firstLine = 0;
     bool failedAtEnd = false; // the first error was that there is no more text
     bool declaresEntities = false;
+    bool hasTooManyLines = false;
 };
 
 std::string_view viewOf(const xmlChar* text) {
@@ -87,7 +88,9 @@ void startElementHandler(void* context, const xmlChar* name, const xmlChar* pref
     contents.startElement(isPlainName ? viewOf(name)
                                       : std::string(viewOf(prefix)) + ':' + std::string(viewOf(name)),
                           lineOf(context));
-    if (!contents.foreignRoot().empty()) xmlStopParser(&contextOf(context));
+    ParseRun& run = runOf(context);
+    run.hasTooManyLines |= contents.lines && contents.lines->count() > FileLinesNode::mostLines;
+    if (run.hasTooManyLines || !contents.foreignRoot().empty()) xmlStopParser(&contextOf(context));
 }
 
 void endElementHandler(void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
@@ -138,7 +141,26 @@ void installHandlers(xmlParserCtxt& context, ParseRun& run) {
     *context.sax = handlers;
 }
 
+// The lines of a document, or somewhat more: comments may hold the same text. Told before any memory is used.
+bool mayHaveTooManyLines(std::string_view bytes) {
+    constexpr std::string_view lineStart = "<line";
+    std::size_t count = 0;
+    for (std::size_t place = bytes.find(lineStart); place != std::string_view::npos;
+         place = bytes.find(lineStart, place + lineStart.size())) {
+        const std::size_t next = place + lineStart.size();
+        if (next < bytes.size() && bytes[next] != 's' && ++count > FileLinesNode::mostLines) return true;
+    }
+    return false;
+}
+
+const std::string& reasonForTooManyLines() {
+    static const std::string& reason =
+        *new std::string("has more than " + std::to_string(FileLinesNode::mostLines) + " lines");
+    return reason;
+}
+
 std::string reasonOf(const ParseRun& run) {
+    if (run.hasTooManyLines) return reasonForTooManyLines();
     if (run.declaresEntities) return "declares XML entities, which a document can't have";
     const std::string place = " (line " + std::to_string(run.firstLine) + ")";
     const bool isEncodingError = run.firstCode == XML_ERR_INVALID_ENCODING ||
@@ -215,6 +237,7 @@ bool FileReader::readMemory(std::string_view bytes) {
 
 bool FileReader::parse(std::string_view bytes) {
     if (bytes.size() > maxFileSize) return fail(FileReaderErrorCannotRead, "is too large for a document");
+    if (mayHaveTooManyLines(bytes)) return fail(FileReaderErrorCannotRead, reasonForTooManyLines());
     // Before the first context: libxml2 sets itself up without a lock of its own.
     static const bool isSetUp = (xmlInitParser(), true);
     static_cast<void>(isSetUp);
@@ -233,7 +256,7 @@ bool FileReader::parse(std::string_view bytes) {
                                                    foreignRoot.substr(0, maxShownName) + "> and not <" +
                                                    std::string(FileContents::rootName) + ">");
     }
-    if (status != 0 || !context->wellFormed || run.declaresEntities) {
+    if (status != 0 || !context->wellFormed || run.declaresEntities || run.hasTooManyLines) {
         return fail(FileReaderErrorBadContent, reasonOf(run));
     }
     infoNode = std::move(run.contents.info);

@@ -7,6 +7,10 @@
 #include "results/TCResult.h"
 
 int64_t TCLineEvaluator::evaluateLine(TCLine& line, std::optional<int64_t> budget) {
+    if (line.isKeptAsNothing()) {
+        line.setResult(TCResult::emptyResult());
+        return 0;
+    }
     if (line.isTooLong()) {
         line.setResult(TCResult::resultWithErrorType(TCErrorTypeLineTooLong));
         return 0;
@@ -17,7 +21,7 @@ int64_t TCLineEvaluator::evaluateLine(TCLine& line, std::optional<int64_t> budge
         return 0;
     }
     if (expression->isEmpty()) {
-        line.setResult(TCResult::resultWithRawResultString(std::nullopt));
+        line.setResult(TCResult::emptyResult());
         return 0;
     }
     const auto evaluator = TCEvaluator::sharedEvaluator();

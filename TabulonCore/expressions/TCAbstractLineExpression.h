@@ -2,7 +2,8 @@
 
 // The analysed form of a line: what kind of line it is, the whole text, and the part that is evaluated, each
 // with its tokens. `TCLine` makes one of the three kinds at each change of its text; a
-// `TCLineExpressionParser` gives it the parsed forms. Used on the document's thread.
+// `TCLineExpressionParser` gives it the parsed forms. Tokens and parsed forms can be dropped: they take many
+// times the memory of the text, and are made again when somebody asks. Used on the document's thread.
 
 #include <cstdint>
 #include <memory>
@@ -29,21 +30,19 @@ public:
 
     // The whole line. The tokens are null for a line that is plain text by its making.
     const std::shared_ptr<TCExpression>& expression() const { return whole; }
-    const std::shared_ptr<TCSimpleTokenizedExpression>& tokenizedExpression() const { return wholeTokens; }
+    std::shared_ptr<TCSimpleTokenizedExpression> tokenizedExpression() const;
 
     // What is evaluated; null for none.
     const std::shared_ptr<TCExpression>& evaluableExpression() const { return evaluable; }
     void setEvaluableExpression(std::shared_ptr<TCExpression> expression);
-    const std::shared_ptr<TCSimpleTokenizedExpression>& tokenizedEvaluableExpression() const {
-        return evaluableTokens;
-    }
+    std::shared_ptr<TCSimpleTokenizedExpression> tokenizedEvaluableExpression() const;
     void setTokenizedEvaluableExpression(std::shared_ptr<TCSimpleTokenizedExpression> tokens);
 
     // The tokens for display: of what is evaluated, in the ranges of that expression, and of the whole line.
     // Null until the line is parsed.
-    const std::shared_ptr<TCParsedExpression>& evaluableParsedExpression() const { return parsedEvaluable; }
+    std::shared_ptr<TCParsedExpression> evaluableParsedExpression() const;
     void setEvaluableParsedExpression(std::shared_ptr<TCParsedExpression> parsed);
-    const std::shared_ptr<TCParsedExpression>& parsedExpression() const { return parsedWhole; }
+    std::shared_ptr<TCParsedExpression> parsedExpression() const;
     void setParsedExpression(std::shared_ptr<TCParsedExpression> parsed);
 
     // Null but for a declaration.
@@ -52,6 +51,14 @@ public:
     // Drops the parsed forms; the next parse gives them again.
     void reset();
 
+    // Has `parser` parse this as soon as a parsed form is asked for, and again after they were dropped.
+    void parseOnDemand(std::shared_ptr<TCLineExpressionParser> parser);
+    bool isParsed() const;
+
+    // Gives back what can be made again.
+    bool hasForms() const { return forms != nullptr; }
+    void dropForms();
+
     // Has `parser` do what it does with a line of this kind.
     virtual void process(TCLineExpressionParser& parser);
 
@@ -59,12 +66,19 @@ protected:
     TCAbstractLineExpression(TCExpressionType expressionType, std::shared_ptr<TCExpression> expression,
                              std::shared_ptr<TCSimpleTokenizedExpression> tokenizedExpression);
 
+    // Tokens that weren't given are made when somebody asks for them.
+    void tokenizeOnDemand() { hasTokens = true; }
+
 private:
-    TCExpressionType type;
+    struct Forms;
+    Forms& madeForms() const;
+    void parseNow() const;
+
     std::shared_ptr<TCExpression> whole;
-    std::shared_ptr<TCSimpleTokenizedExpression> wholeTokens;
     std::shared_ptr<TCExpression> evaluable;
-    std::shared_ptr<TCSimpleTokenizedExpression> evaluableTokens;
-    std::shared_ptr<TCParsedExpression> parsedEvaluable;
-    std::shared_ptr<TCParsedExpression> parsedWhole;
+    std::shared_ptr<TCLineExpressionParser> formMaker; // null for forms that were given
+    mutable std::unique_ptr<Forms> forms;              // null until asked for
+    TCExpressionType type;
+    bool hasTokens = false;   // the whole line has tokens, made or not
+    bool waitsForParser = false; // `formMaker` makes the parsed forms
 };

@@ -27,11 +27,34 @@ std::u16string referenceText(TCLineReferenceType type, int64_t number) {
 
 } // namespace
 
+struct TCExpression::Derived {
+    // None where the text is as it was typed, or not known yet.
+    std::optional<std::u16string> substitutedText;
+    bool isSubstituted = false;
+    bool wasGiven = false; // together with the typed text: it can't be made again
+    std::shared_ptr<const TCExpressionMappings> mappings;
+    uint64_t substituterState = 0; // at which the mappings were made
+    TBF::Ref<TBF::Expression> foundationExpression;
+    std::shared_ptr<TCTokenizedExpression> tokenized;
+
+    static void* operator new(std::size_t size) { return TBF::ObjectPool::take(size); }
+    static void operator delete(void* memory, std::size_t size) { TBF::ObjectPool::give(memory, size); }
+};
+
 TCExpression::TCExpression(std::optional<std::u16string> text, TCSimpleLocale locale,
                            std::optional<std::u16string> givenSubstitutedText)
     : typedText(std::move(text))
-    , textLocale(locale)
-    , substitutedText(std::move(givenSubstitutedText)) {}
+    , textLocale(locale) {
+    if (!givenSubstitutedText) return;
+    Derived& forms = derived();
+    forms.substitutedText = std::move(givenSubstitutedText);
+    forms.isSubstituted = forms.wasGiven = true;
+}
+
+TCExpression::Derived& TCExpression::derived() const {
+    if (!derivedForms) derivedForms = std::make_unique<Derived>();
+    return *derivedForms;
+}
 
 TCExpression::~TCExpression() = default;
 
@@ -94,33 +117,41 @@ void TCExpression::setOriginalString(std::optional<std::u16string> text) {
 }
 
 const std::u16string& TCExpression::stringForEvaluation() const {
-    if (!substitutedText) {
+    static const std::u16string none;
+    Derived& forms = derived();
+    if (!forms.isSubstituted) {
         const TCExpressionSubstituter& substituter = *TCExpressionSubstituter::defaultSubstituter();
-        substituterState = substituter.stateIndicator();
-        substitutedText = isTooLong() ? std::u16string() : typedText.value_or(std::u16string());
-        mappings = substituter._regexParseExpressionString(*substitutedText);
+        forms.isSubstituted = true;
+        forms.substituterState = substituter.stateIndicator();
+        std::u16string text = isTooLong() ? std::u16string() : typedText.value_or(std::u16string());
+        forms.mappings = substituter._regexParseExpressionString(text);
+        if (typedText && text != *typedText) forms.substitutedText = std::move(text);
     }
-    return *substitutedText;
+    if (forms.substitutedText) return *forms.substitutedText;
+    return typedText ? *typedText : none;
 }
 
 const std::shared_ptr<const TCExpressionMappings>& TCExpression::expressionMappings() const {
     stringForEvaluation();
-    return mappings;
+    return derivedForms->mappings;
 }
 
 // False for a text that was given together with its substitutions, and after a change of the patterns.
 bool TCExpression::isSubstitutedByDefault() const {
     stringForEvaluation();
-    return mappings && substituterState == TCExpressionSubstituter::defaultSubstituter()->stateIndicator();
+    return derivedForms->mappings &&
+           derivedForms->substituterState == TCExpressionSubstituter::defaultSubstituter()->stateIndicator();
 }
 
 TBF::Expression* TCExpression::tbfExpression() const {
     const std::u16string& text = stringForEvaluation();
-    if (!foundationExpression) foundationExpression = TBF::Expression::create(text);
-    return foundationExpression.get();
+    auto& expression = derivedForms->foundationExpression;
+    if (!expression) expression = TBF::Expression::create(text);
+    return expression.get();
 }
 
 const std::shared_ptr<TCTokenizedExpression>& TCExpression::tokenizedExpression() {
+    std::shared_ptr<TCTokenizedExpression>& tokenized = derived().tokenized;
     if (!tokenized) tokenized = TBF::makeShared<TCTokenizedExpression>(weak_from_this());
     const TCLineCollection* const collection = owner ? owner->_lineCollection() : nullptr;
     if (collection) tokenized->setVariableList(collection->variables());
@@ -159,10 +190,17 @@ void TCExpression::setLocaleWithDecimalPoint(TBFChar decimalPoint, TBFChar thous
 }
 
 void TCExpression::dropSubstitution() {
-    substitutedText.reset();
-    mappings.reset();
-    foundationExpression.reset();
-    tokenized.reset();
+    derivedForms.reset();
+}
+
+void TCExpression::dropDerivedForms() {
+    if (!derivedForms) return;
+    if (!derivedForms->wasGiven) {
+        derivedForms.reset();
+        return;
+    }
+    derivedForms->foundationExpression.reset();
+    derivedForms->tokenized.reset();
 }
 
 std::size_t TCExpression::hash() const {

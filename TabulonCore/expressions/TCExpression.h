@@ -2,7 +2,7 @@
 
 // The text of one line, or of a part of it, as it was typed, with what follows from it: the text with its
 // substitutions, the foundation's expression over that, and the tokens for display. Each is made when first
-// needed and kept until the text or the locale changes. Belongs to the line that holds it; used by one thread
+// needed and kept until the text or the locale changes, or until it is dropped. Belongs to the line that holds it; used by one thread
 // at a time. Made by std::make_shared: tokens find back to their expression as long as it lives.
 
 #include "environment/TCSimpleLocale.h"
@@ -88,6 +88,10 @@ public:
     // Reads the same text under other characters.
     void setLocaleWithDecimalPoint(TBFChar decimalPoint, TBFChar thousandsSeparator);
 
+    // Gives back the memory of all that follows from the text; it is made again when somebody asks. What was
+    // lent ends here.
+    void dropDerivedForms();
+
     // By the typed text alone.
     std::size_t hash() const;
     bool isEqual(const TCExpression& other) const { return typedText == other.typedText; }
@@ -98,14 +102,12 @@ private:
     bool isSubstitutedByDefault() const;
     void dropSubstitution();
 
-    std::optional<std::u16string> typedText;
-    TCSimpleLocale textLocale;
-    TCLine* owner = nullptr;
+    // Most expressions of a document are never looked at again, and do without.
+    struct Derived;
+    Derived& derived() const;
 
-    // Caches, empty until asked for.
-    mutable std::optional<std::u16string> substitutedText;
-    mutable std::shared_ptr<const TCExpressionMappings> mappings;
-    mutable uint64_t substituterState = 0; // at which the mappings were made
-    mutable TBF::Ref<TBF::Expression> foundationExpression;
-    std::shared_ptr<TCTokenizedExpression> tokenized;
+    std::optional<std::u16string> typedText;
+    TCLine* owner = nullptr;
+    mutable std::unique_ptr<Derived> derivedForms; // null until asked for
+    TCSimpleLocale textLocale;
 };

@@ -110,8 +110,12 @@ void TCLineExpressionParser::processVarDeclLineExpression(TCAbstractLineExpressi
 
     // The stitching waits until somebody asks, as tokens are only needed for lines that are shown.
     auto stitch = [expression = std::weak_ptr<const TCExpression>(lineExpression.expression()),
-                   line = lineExpression.tokenizedExpression(),
                    declaration = lineExpression.variableDeclaration(), value] {
+        const auto whole = expression.lock();
+        if (!whole) return TCExpressionTokens();
+        const auto line =
+            TCExpressionTokenizer(whole->locale(), TCExpressionSubstituter::defaultSubstituter())
+                .tokenizeExpression(*whole);
         const auto equals = line->tokenAtIndex(declaration->equalsTokenIndex());
         const TCRange name = declaration->nameRange();
         DeclarationTokens tokens(expression);

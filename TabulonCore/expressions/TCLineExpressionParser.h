@@ -26,6 +26,7 @@ public:
 
     const std::shared_ptr<TCExpressionParser>& parser() const { return expressionParser; }
     void setParser(std::shared_ptr<TCExpressionParser> parser); // not null
+    const std::shared_ptr<TCEnvironment>& environment() const { return names; }
 
 private:
     std::shared_ptr<TCEnvironment> names;

@@ -9,6 +9,7 @@ TCNormalLineExpression::TCNormalLineExpression(
     std::shared_ptr<TCSimpleTokenizedExpression> tokenizedExpression)
     : TCAbstractLineExpression(TCExpressionTypeNormal, expression, std::move(tokenizedExpression)) {
     setEvaluableExpression(std::move(expression));
+    tokenizeOnDemand();
 }
 
 void TCNormalLineExpression::process(TCLineExpressionParser& parser) {

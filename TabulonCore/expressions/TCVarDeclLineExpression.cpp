@@ -13,6 +13,7 @@ TCVarDeclLineExpression::TCVarDeclLineExpression(
                                std::move(tokenizedExpression))
     , declaration(std::move(variableDeclaration)) {
     setEvaluableExpression(declaration->valueExpression());
+    tokenizeOnDemand();
 }
 
 void TCVarDeclLineExpression::process(TCLineExpressionParser& parser) {

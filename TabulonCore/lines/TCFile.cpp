@@ -34,6 +34,8 @@ constexpr int32_t expectedResultPrecision = 50; // decimal places that count, wh
 constexpr int32_t mostDecimalPlaces = 100;
 constexpr int32_t greatestGranularity = 100;
 
+static_assert(TCLineCollection::mostLines == TBF::FileLinesNode::mostLines);
+
 // The attributes that every line has in a file. One that is missing there reads as 0.
 struct AttributeRow {
     std::u16string_view key;
@@ -43,27 +45,27 @@ struct AttributeRow {
 
 constexpr AttributeRow attributeRows[] = {
     {u"thousands_separator",
-     [](const TCLine& line) { return int32_t{line.customFormattingOptions()->thousandsSeparator()}; },
+     [](const TCLine& line) { return int32_t{line.readableFormattingOptions().thousandsSeparator()}; },
      [](TCLine& line, int32_t value) { line.customFormattingOptions()->setThousandsSeparator(value != 0); }},
     {u"trailing_zeros",
-     [](const TCLine& line) { return int32_t{line.customFormattingOptions()->trailingZeros()}; },
+     [](const TCLine& line) { return int32_t{line.readableFormattingOptions().trailingZeros()}; },
      [](TCLine& line, int32_t value) { line.customFormattingOptions()->setTrailingZeros(value != 0); }},
-    {u"sn_mode", [](const TCLine& line) { return line.customFormattingOptions()->scientificNotationMode(); },
+    {u"sn_mode", [](const TCLine& line) { return line.readableFormattingOptions().scientificNotationMode(); },
      [](TCLine& line, int32_t value) { line.customFormattingOptions()->setScientificNotationMode(value); }},
     {u"sn_style",
-     [](const TCLine& line) { return line.customFormattingOptions()->scientificNotationStyle(); },
+     [](const TCLine& line) { return line.readableFormattingOptions().scientificNotationStyle(); },
      [](TCLine& line, int32_t value) { line.customFormattingOptions()->setScientificNotationStyle(value); }},
     {u"sn_exp_granularity",
      [](const TCLine& line) {
-         return static_cast<int32_t>(line.customFormattingOptions()->scientificNotationExponentGranularity());
+         return static_cast<int32_t>(line.readableFormattingOptions().scientificNotationExponentGranularity());
      },
      [](TCLine& line, int32_t value) {
          line.customFormattingOptions()->setScientificNotationExponentGranularity(
              static_cast<uint32_t>(std::clamp(value, 0, greatestGranularity)));
      }},
-    {u"display_base", [](const TCLine& line) { return line.customFormattingOptions()->displayBase(); },
+    {u"display_base", [](const TCLine& line) { return line.readableFormattingOptions().displayBase(); },
      [](TCLine& line, int32_t value) { line.customFormattingOptions()->setDisplayBase(value); }},
-    {u"display_format", [](const TCLine& line) { return line.customFormattingOptions()->displayFormat(); },
+    {u"display_format", [](const TCLine& line) { return line.readableFormattingOptions().displayFormat(); },
      [](TCLine& line, int32_t value) { line.customFormattingOptions()->setDisplayFormat(value); }},
     {u"expr_text_align",
      [](const TCLine& line) { return line.expressionFormattingOptions().textAlignment(); },
@@ -350,9 +352,9 @@ bool TCFile::writeToPath(const std::string& filePath) {
 void TCFile::writeLineFormattingAttributesFromLine(const TCLine& line, TBF::FileLinesNode& lines,
                                                    std::size_t index) {
     TBF::FileDictionary& attributes = lines.lineAt(index).formattingAttributes;
-    const auto& options = line.customFormattingOptions();
-    if (options->isDecimalPlacesSet()) {
-        attributes.set(keyString(decimalPlacesKey), TBF::String::createWithInteger(options->decimalPlaces()));
+    const TCResultFormattingOptions& options = line.readableFormattingOptions();
+    if (options.isDecimalPlacesSet()) {
+        attributes.set(keyString(decimalPlacesKey), TBF::String::createWithInteger(options.decimalPlaces()));
     }
     const TCLineCollection* const collection = line._lineCollection();
     if (!collection || line.trigonometryMode() != collection->trigonometryMode()) {
@@ -377,4 +379,5 @@ void TCFile::readLineFormattingAttributesIntoLine(TCLine& line, const TBF::FileL
     }
     for (const AttributeRow& row : attributeRows)
         row.set(line, integerOf(attributes.find(row.key)));
+    line.takeFormattingOptions(line.readableFormattingOptions()); // lines with equal ones share them
 }

@@ -72,9 +72,33 @@ std::shared_ptr<TCExpression> expressionWithText(std::optional<std::u16string> t
     return text ? TBF::makeShared<TCExpression>(std::move(text)) : nullptr;
 }
 
+// A line without an equals sign is an ordinary one, which is seen without its tokens.
+bool mayDeclare(const TCExpression& expression) {
+    return expression.stringForEvaluation().find(u'=') != std::u16string::npos;
+}
+
+// What lines start with; never changed.
+const std::shared_ptr<TCResultFormattingOptions>& usualOptions() {
+    static const auto& options =
+        *new std::shared_ptr<TCResultFormattingOptions>(std::make_shared<TCResultFormattingOptions>());
+    return options;
+}
+
+// Equal options for lines that come one after the other are one object.
+std::shared_ptr<TCResultFormattingOptions> sharedOptions(const TCResultFormattingOptions& options) {
+    if (options == *usualOptions()) return usualOptions();
+    static thread_local std::weak_ptr<TCResultFormattingOptions> last;
+    auto shared = last.lock();
+    if (!shared || *shared != options) {
+        shared = std::make_shared<TCResultFormattingOptions>(options);
+        last = shared;
+    }
+    return shared;
+}
+
+// The tokens are not handed on: they are made again for the lines that are shown.
 std::shared_ptr<TCAbstractLineExpression>
 declarationExpression(const std::shared_ptr<TCExpression>& expression,
-                      const std::shared_ptr<TCSimpleTokenizedExpression>& tokens,
                       const TCVariableDeclarationRecord& record) {
     const std::u16string_view text = *expression->originalString();
     std::shared_ptr<TCExpression> value;
@@ -84,7 +108,7 @@ declarationExpression(const std::shared_ptr<TCExpression>& expression,
     auto declaration = TBF::makeShared<TCLineVariableDeclaration>(
         record.equalsTokenIndex, record.nameRange, std::u16string(trimmed(part(text, record.nameRange))),
         std::move(value));
-    return TBF::makeShared<TCVarDeclLineExpression>(expression, tokens, std::move(declaration));
+    return TBF::makeShared<TCVarDeclLineExpression>(expression, nullptr, std::move(declaration));
 }
 
 } // namespace
@@ -94,6 +118,8 @@ std::shared_ptr<TCLine> TCLine::make() {
 }
 
 std::shared_ptr<TCLine> TCLine::make(std::shared_ptr<TCExpression> expression) {
+    if (kindOfNothing(expression.get()) != NoText::Expression && expression.use_count() == 1)
+        return make(std::move(expression), nullptr);
     auto lineExpression = lineTypeForExpression(expression);
     return make(std::move(expression), std::move(lineExpression));
 }
@@ -115,10 +141,42 @@ std::shared_ptr<TCLine> TCLine::lineWithPlainText(std::u16string text) {
 
 TCLine::TCLine(Passkey, std::shared_ptr<TCExpression> expression,
                std::shared_ptr<TCAbstractLineExpression> lineExpression)
-    : text(std::move(expression))
-    , customOptions(TBF::makeShared<TCResultFormattingOptions>())
-    , analysedForm(std::move(lineExpression)) {
+    : analysedForm(std::move(lineExpression))
+    , customOptions(usualOptions()) {
+    takeText(std::move(expression));
+}
+
+TCLine::NoText TCLine::kindOfNothing(const TCExpression* expression) {
+    if (!expression || !expression->isEmpty()) return NoText::Expression;
+    return expression->originalString() ? NoText::Empty : NoText::WithoutText;
+}
+
+// An expression of nothing that nobody else holds isn't kept, unless the line has an analysed form over it.
+void TCLine::takeText(std::shared_ptr<TCExpression> expression) {
+    noText = analysedForm || expression.use_count() > 1 ? NoText::Expression : kindOfNothing(expression.get());
+    if (noText != NoText::Expression) expression = nullptr;
+    text = std::move(expression);
     if (text) text->setLine(this);
+}
+
+void TCLine::makeExpressionOfNothing() const {
+    const bool isEmpty = std::exchange(noText, NoText::Expression) == NoText::Empty;
+    text = TBF::makeShared<TCExpression>(isEmpty ? std::optional(std::u16string()) : std::nullopt,
+                                         formattingLocale());
+    text->setLine(const_cast<TCLine*>(this)); // its caches are filled, which is no change
+    analysedForm = lineTypeForExpression(text);
+    const TCLineCollection* const collection = _lineCollection();
+    if (parsedAsNothing && collection) analysedForm->parseOnDemand(collection->_lineParser());
+}
+
+const std::shared_ptr<TCExpression>& TCLine::expression() const {
+    if (isKeptAsNothing()) makeExpressionOfNothing();
+    return text;
+}
+
+const std::shared_ptr<TCAbstractLineExpression>& TCLine::lineExpression() const {
+    if (isKeptAsNothing()) makeExpressionOfNothing();
+    return analysedForm;
 }
 
 TCLine::~TCLine() {
@@ -127,10 +185,12 @@ TCLine::~TCLine() {
 }
 
 std::optional<std::u16string> TCLine::expressionString() const {
+    if (noText == NoText::Empty) return std::u16string();
     return text ? text->originalString() : std::nullopt;
 }
 
 std::optional<std::u16string> TCLine::delocalizedExpressionString() const {
+    if (noText == NoText::Empty) return std::u16string();
     return text ? text->delocalizedString() : std::nullopt;
 }
 
@@ -139,22 +199,21 @@ void TCLine::setExpressionString(std::optional<std::u16string> newText) {
 }
 
 void TCLine::_setExpression(std::shared_ptr<TCExpression> newExpression) {
-    if (newExpression == text) return;
+    if (newExpression == text && !(isKeptAsNothing() && !newExpression)) return;
     if (text && text->line() == this) text->setLine(nullptr);
     invalidateResult();
-    text = std::move(newExpression);
-    if (text) {
-        text->setLine(this);
-        text->setLocaleWithDecimalPoint(customOptions->decimalPlaceCharacter(),
-                                        customOptions->thousandsSeparatorCharacter());
-    }
+    analysedForm.reset();
+    takeText(std::move(newExpression));
+    const TCSimpleLocale locale = formattingLocale();
+    if (text) text->setLocaleWithDecimalPoint(locale.decimalPoint, locale.thousandsSeparator);
     expressionDidChange();
     if (TCLineCollection* const collection = _lineCollection()) collection->_lineReadsDifferently(*this);
 }
 
 void TCLine::expressionDidChange() {
     forgetReferences();
-    analysedForm = lineTypeForExpression(text);
+    parsedAsNothing = false;
+    if (!isKeptAsNothing()) analysedForm = lineTypeForExpression(text);
     if (TCLineCollection* const collection = _lineCollection()) collection->_lineExpressionDidChange(*this);
 }
 
@@ -162,6 +221,7 @@ std::shared_ptr<TCAbstractLineExpression>
 TCLine::lineTypeForExpression(const std::shared_ptr<TCExpression>& expression) {
     if (!expression || !expression->originalString() || expression->isTooLong())
         return TBF::makeShared<TCPlainTextLineExpression>(expression, nullptr);
+    if (!mayDeclare(*expression)) return TBF::makeShared<TCNormalLineExpression>(expression, nullptr);
     const TCExpressionTokenizer tokenizer(expression->locale(),
                                           TCExpressionSubstituter::defaultSubstituter());
     const std::shared_ptr<TCSimpleTokenizedExpression> tokens = tokenizer.tokenizeExpression(*expression);
@@ -170,7 +230,8 @@ TCLine::lineTypeForExpression(const std::shared_ptr<TCExpression>& expression) {
     case TCLineTypeNormal:
         return TBF::makeShared<TCNormalLineExpression>(expression, tokens);
     case TCLineTypeVariableDeclaration:
-        return declarationExpression(expression, tokens, record);
+        expression->dropDerivedForms();
+        return declarationExpression(expression, record);
     case TCLineTypePlainText:
         return TBF::makeShared<TCPlainTextLineExpression>(expression, tokens);
     default:
@@ -179,7 +240,7 @@ TCLine::lineTypeForExpression(const std::shared_ptr<TCExpression>& expression) {
 }
 
 std::shared_ptr<TCResult> TCLine::result() {
-    if (!answer && text && !evaluated) evaluate();
+    if (!answer && (text || isKeptAsNothing()) && !evaluated) evaluate();
     return answer;
 }
 
@@ -192,7 +253,9 @@ void TCLine::setResult(std::shared_ptr<TCResult> newResult) {
     evaluated = true;
     if (newResult == answer) return;
     answer = std::move(newResult);
-    if (answer && answer != TCResult::emptyResult()) answer->setResultFormattingOptions(customOptions);
+    if (!answer || answer == TCResult::emptyResult()) return;
+    answer->setResultFormattingOptions(customOptions);
+    answer->dropDerivedForms();
 }
 
 std::shared_ptr<TCResult> TCLine::_resultAlongPath(const TCIndexPath*, int64_t*) const {
@@ -220,7 +283,19 @@ void TCLine::clearCaches() {
     setExpressionString(expressionString());
 }
 
+void TCLine::parseOnDemand(const std::shared_ptr<TCLineExpressionParser>& parser) {
+    if (noText == NoText::Empty)
+        parsedAsNothing = true;
+    else if (analysedForm && !analysedForm->isParsed())
+        analysedForm->parseOnDemand(parser);
+}
+
+void TCLine::dropForms() const {
+    if (analysedForm) analysedForm->dropForms();
+}
+
 void TCLine::unparse() {
+    parsedAsNothing = false;
     if (!analysedForm) return;
     analysedForm->reset();
     forgetReferences();
@@ -228,29 +303,33 @@ void TCLine::unparse() {
 }
 
 bool TCLine::isParsed() const {
-    return analysedForm && analysedForm->parsedExpression();
+    return parsedAsNothing || (analysedForm && analysedForm->isParsed());
 }
 
 std::shared_ptr<TCParsedExpression> TCLine::parsedExpression() const {
-    return analysedForm ? analysedForm->parsedExpression() : nullptr;
+    const auto& form = lineExpression();
+    return form ? form->parsedExpression() : nullptr;
 }
 
 std::shared_ptr<TCParsedExpression> TCLine::evaluableParsedExpression() const {
-    return analysedForm ? analysedForm->evaluableParsedExpression() : nullptr;
+    const auto& form = lineExpression();
+    return form ? form->evaluableParsedExpression() : nullptr;
 }
 
 const std::shared_ptr<TCExpression>& TCLine::evaluableExpression() const {
     static const std::shared_ptr<TCExpression> none;
-    return analysedForm ? analysedForm->evaluableExpression() : none;
+    const auto& form = lineExpression();
+    return form ? form->evaluableExpression() : none;
 }
 
 std::shared_ptr<TCSimpleTokenizedExpression> TCLine::simpleTokenizedExpression() const {
-    return analysedForm ? analysedForm->tokenizedExpression() : nullptr;
+    const auto& form = lineExpression();
+    return form ? form->tokenizedExpression() : nullptr;
 }
 
-const std::shared_ptr<TCSimpleTokenizedExpression>& TCLine::tokenizedEvaluableExpression() const {
-    static const std::shared_ptr<TCSimpleTokenizedExpression> none;
-    return analysedForm ? analysedForm->tokenizedEvaluableExpression() : none;
+std::shared_ptr<TCSimpleTokenizedExpression> TCLine::tokenizedEvaluableExpression() const {
+    const auto& form = lineExpression();
+    return form ? form->tokenizedEvaluableExpression() : nullptr;
 }
 
 std::shared_ptr<TCLineVariableDeclaration> TCLine::variableDeclaration() const {
@@ -258,7 +337,7 @@ std::shared_ptr<TCLineVariableDeclaration> TCLine::variableDeclaration() const {
 }
 
 std::shared_ptr<TCTokenizedExpression> TCLine::tokenizedExpression() const {
-    return text ? text->tokenizedExpression() : nullptr;
+    return expression() ? text->tokenizedExpression() : nullptr;
 }
 
 bool TCLine::isTooLong() const {
@@ -266,6 +345,7 @@ bool TCLine::isTooLong() const {
 }
 
 int32_t TCLine::lineType() const {
+    if (noText == NoText::Empty) return TCLineTypeNormal;
     if (!analysedForm) return TCLineTypePlainText;
     const int32_t type = analysedForm->expressionType();
     return type >= TCLineTypeNormal && type <= TCLineTypePlainText ? type : TCLineTypeNone;
@@ -274,34 +354,41 @@ int32_t TCLine::lineType() const {
 // The display tokens that tell of references are made on demand and are dear, so a text is asked for them
 // only if it holds a reference, and one that can't be read in a simpler way.
 const std::optional<TCLine::References>& TCLine::lineReferences() const {
-    if (referencesKnown || !isParsed()) return references;
+    static const std::optional<References> none;
+    if (isKeptAsNothing()) return none;
+    if (referencesKnown || !isParsed()) return uses ? uses->references : none;
     referencesKnown = true;
-    references.reset();
+    if (uses) uses->references.reset();
     const std::shared_ptr<TCExpression>& evaluable = evaluableExpression();
     if (!evaluable || evaluable->stringForEvaluation().find(referenceFunctionPrefix) == std::u16string::npos)
-        return references;
+        return none;
     if (!readPlainReferences()) readReferencesOfTokens();
-    return references;
+    return uses ? uses->references : none;
+}
+
+TCLine::Uses& TCLine::madeUses() const {
+    if (!uses) uses = std::make_unique<Uses>();
+    return *uses;
 }
 
 bool TCLine::readPlainReferences() const {
     const TCLineCollection* const collection = _lineCollection();
-    const auto& tokens = tokenizedEvaluableExpression();
+    const auto tokens = tokenizedEvaluableExpression();
     if (!tokens || !collection) return false;
     const auto found = TCPlainLineReferences(*tokens, collection->variables().get());
     if (!found) return false;
     if (found->empty()) return true;
     std::vector<int64_t> absoluteIndexes;
     std::vector<int64_t> relativeOffsets;
-    references.emplace();
+    References& references = madeUses().references.emplace();
     for (const auto& [type, number] : *found) {
-        references->all.push_back({type, number});
+        references.all.push_back({type, number});
         if (type & absoluteReferenceTypes)
             absoluteIndexes.push_back(type == TCLineReferenceTypeAbsoluteByLineNumber ? number - 1 : number);
         if (type & relativeReferenceTypes) relativeOffsets.push_back(number);
     }
-    references->absoluteIndexes = TCIndexSet::indexSetWithIndexes(absoluteIndexes);
-    references->relativeOffsets = TCIndexSet::indexSetWithIndexes(relativeOffsets);
+    references.absoluteIndexes = TCIndexSet::indexSetWithIndexes(absoluteIndexes);
+    references.relativeOffsets = TCIndexSet::indexSetWithIndexes(relativeOffsets);
     return true;
 }
 
@@ -309,74 +396,116 @@ void TCLine::readReferencesOfTokens() const {
     std::optional<std::vector<int64_t>> numbers;
     TCExpressionParser::findLineReferencesInLine(*this, absoluteReferenceTypes, &numbers, nullptr, false);
     if (!numbers) return;
-    references.emplace();
-    references->absoluteIndexes = TCIndexSet::indexSetWithIndexes(*numbers);
+    References& references = madeUses().references.emplace();
+    references.absoluteIndexes = TCIndexSet::indexSetWithIndexes(*numbers);
     TCExpressionParser::findLineReferencesInLine(*this, relativeReferenceTypes, &numbers, nullptr, false);
-    if (numbers) references->relativeOffsets = TCIndexSet::indexSetWithIndexes(*numbers);
+    if (numbers) references.relativeOffsets = TCIndexSet::indexSetWithIndexes(*numbers);
     const auto tokens = parsedExpression()->tokensOfType(TCExpressionTokenTypeLineReference);
     for (const auto& token : tokens.value_or(TCExpressionTokens()))
-        references->all.push_back({token->lineReferenceType(), token->lineReferenceNumber()});
+        references.all.push_back({token->lineReferenceType(), token->lineReferenceNumber()});
 }
 
 std::span<const TCLine::Reference> TCLine::referencesToLines() const {
-    return lineReferences() ? std::span<const Reference>(references->all) : std::span<const Reference>();
+    const auto& references = lineReferences();
+    return references ? std::span<const Reference>(references->all) : std::span<const Reference>();
 }
 
 // A line keeps its names when others come or go, unless the collection has it parsed anew.
 const std::vector<std::u16string>& TCLine::usedVariableNames() const {
     static const std::vector<std::u16string> none;
-    if (variableNames) return *variableNames;
+    if (variableNamesKnown) return uses ? uses->variableNames : none;
+    if (isKeptAsNothing() || !isParsed()) return none;
+    const auto& evaluable = evaluableExpression();
+    if (!evaluable) return none;
+    variableNamesKnown = true;
+    if (uses) uses->variableNames.clear();
+    if (!mayNameVariable(evaluable->stringForEvaluation())) return none;
     const auto parsed = evaluableParsedExpression();
-    const auto evaluable = evaluableExpression();
-    if (!parsed || !evaluable) return none;
-    variableNames.emplace();
-    if (mayNameVariable(evaluable->stringForEvaluation())) {
-        const auto names = parsed->variableReferences();
-        variableNames->assign(names.begin(), names.end());
-    }
-    return *variableNames;
+    const bool keepsTokens = parsed->hasTokens();
+    const auto names = parsed->variableReferences();
+    if (!keepsTokens) parsed->dropTokens();
+    if (names.empty()) return none;
+    return madeUses().variableNames = std::vector<std::u16string>(names.begin(), names.end());
 }
 
 void TCLine::forgetReferences() {
-    references.reset();
-    variableNames.reset();
+    uses.reset();
+    variableNamesKnown = false;
     referencesKnown = false;
-    directLineReferences.reset();
 }
 
 std::optional<TCIndexSet> TCLine::directAbsoluteLineReferenceIndexes() const {
-    return lineReferences() ? std::optional(references->absoluteIndexes) : std::nullopt;
+    const auto& references = lineReferences();
+    return references ? std::optional(references->absoluteIndexes) : std::nullopt;
 }
 
 std::optional<TCIndexSet> TCLine::directRelativeLineReferenceIndexes() const {
-    return lineReferences() ? std::optional(references->relativeOffsets) : std::nullopt;
+    const auto& references = lineReferences();
+    return references ? std::optional(references->relativeOffsets) : std::nullopt;
 }
 
 const std::optional<TCIndexSet>& TCLine::directLineReferenceIndexes() const {
-    if (!directLineReferences && lineReferences()) {
-        directLineReferences = references->relativeOffsets;
-        directLineReferences->addOffset(static_cast<int64_t>(position));
-        directLineReferences->addIndexesFromIndexSet(references->absoluteIndexes);
+    static const std::optional<TCIndexSet> none;
+    const auto& references = lineReferences();
+    if (!references) return none;
+    std::optional<TCIndexSet>& targets = uses->directLineReferences;
+    if (!targets) {
+        targets = references->relativeOffsets;
+        targets->addOffset(static_cast<int64_t>(position));
+        targets->addIndexesFromIndexSet(references->absoluteIndexes);
     }
-    return directLineReferences;
+    return targets;
 }
 
 void TCLine::setIndex(std::size_t newIndex) {
     position = newIndex;
-    directLineReferences.reset();
+    if (uses) uses->directLineReferences.reset();
 }
 
 const std::u16string& TCLine::uniqueIdentifier() const {
-    if (identifier.empty()) identifier = decimalText(nextIdentifierNumber());
-    return identifier;
+    if (!identifier) identifier = std::make_unique<std::u16string>(decimalText(nextIdentifierNumber()));
+    return *identifier;
 }
 
 void TCLine::_setLineCollection(TCLineCollection* collection) {
     owner = collection ? collection->_backReference() : nullptr;
 }
 
+const std::shared_ptr<TCResultFormattingOptions>& TCLine::customFormattingOptions() {
+    if (!ownsOptions) {
+        setCustomFormattingOptions(TBF::makeShared<TCResultFormattingOptions>(*customOptions));
+        if (answer && answer != TCResult::emptyResult()) answer->setResultFormattingOptions(customOptions);
+    }
+    return customOptions;
+}
+
 void TCLine::setCustomFormattingOptions(std::shared_ptr<TCResultFormattingOptions> options) {
-    if (options) customOptions = std::move(options);
+    if (!options) return;
+    customOptions = std::move(options);
+    ownsOptions = true;
+}
+
+void TCLine::takeFormattingOptions(const TCResultFormattingOptions& options) {
+    customOptions = sharedOptions(options);
+    ownsOptions = false;
+}
+
+TCSimpleLocale TCLine::formattingLocale() const {
+    return {customOptions->decimalPlaceCharacter(), customOptions->thousandsSeparatorCharacter()};
+}
+
+void TCLine::setFormattingLocale(TCSimpleLocale locale) {
+    const auto change = [&](TCResultFormattingOptions& options) {
+        options.setDecimalPlaceCharacter(locale.decimalPoint);
+        options.setThousandsSeparatorCharacter(locale.thousandsSeparator);
+    };
+    if (ownsOptions) {
+        change(*customOptions);
+        return;
+    }
+    TCResultFormattingOptions options = *customOptions;
+    change(options);
+    takeFormattingOptions(options);
 }
 
 int32_t TCLine::trigonometryMode() const {
@@ -387,22 +516,19 @@ int32_t TCLine::trigonometryMode() const {
 
 void TCLine::setTrigonometryMode(int32_t mode) {
     if (mode == ownTrigonometryMode) return;
-    ownTrigonometryMode = mode;
+    ownTrigonometryMode = static_cast<int8_t>(mode);
     invalidateResult();
     if (TCLineCollection* const collection = _lineCollection()) collection->_lineReadsDifferently(*this);
 }
 
 // The options may be shared with other lines, so they alone don't tell how this text was read.
 bool TCLine::usesLocale(TCSimpleLocale locale) const {
-    return locale.decimalPoint == customOptions->decimalPlaceCharacter() &&
-           locale.thousandsSeparator == customOptions->thousandsSeparatorCharacter() &&
-           (!text || text->locale() == locale);
+    return locale == formattingLocale() && (!text || text->locale() == locale);
 }
 
 void TCLine::setLocale(TCSimpleLocale locale) {
     if (usesLocale(locale)) return;
-    customOptions->setDecimalPlaceCharacter(locale.decimalPoint);
-    customOptions->setThousandsSeparatorCharacter(locale.thousandsSeparator);
+    setFormattingLocale(locale);
     if (text) text->setLocaleWithDecimalPoint(locale.decimalPoint, locale.thousandsSeparator);
     localeDidChange();
 }
@@ -411,8 +537,7 @@ void TCLine::convertToLocale(TCSimpleLocale locale) {
     if (usesLocale(locale)) return;
     const bool isConverted = text && text->locale() != locale;
     if (isConverted) text->convertToLocaleWithDecimalPoint(locale.decimalPoint, locale.thousandsSeparator);
-    customOptions->setDecimalPlaceCharacter(locale.decimalPoint);
-    customOptions->setThousandsSeparatorCharacter(locale.thousandsSeparator);
+    setFormattingLocale(locale);
     localeDidChange();
 }
 
@@ -423,10 +548,17 @@ void TCLine::localeDidChange() {
 }
 
 std::size_t TCLine::hash() const {
+    if (isKeptAsNothing()) return std::hash<std::u16string>()(std::u16string());
     return text ? text->hash() : 0;
 }
 
 bool TCLine::isEqual(const TCLine& other) const {
+    if (isKeptAsNothing() || other.isKeptAsNothing()) {
+        const auto kind = [](const TCLine& line) {
+            return line.isKeptAsNothing() ? line.noText : kindOfNothing(line.text.get());
+        };
+        return kind(*this) == kind(other);
+    }
     if (text == other.text) return true;
     return text && other.text && text->isEqual(*other.text);
 }

@@ -3,6 +3,9 @@
 // One line of a document: its text, its analysed form, its last answer and its formatting. A line is free
 // until a `TCLineCollection` takes it; from then on every change of its text goes through the collection,
 // which keeps the answers current. Lines are made and used on the document's thread only.
+//
+// A document may have a million lines, most of them empty or never looked at. So a line keeps its text and its
+// answer; what follows from the text is made when somebody asks, and can be dropped (`dropForms`).
 
 #include "environment/TCSimpleLocale.h"
 #include "expressions/TCLineReferenceType.h"
@@ -22,6 +25,7 @@ class TCAbstractLineExpression;
 class TCExpression;
 class TCIndexPath;
 class TCLineCollection;
+class TCLineExpressionParser;
 class TCLineVariableDeclaration;
 class TCParsedExpression;
 class TCResult;
@@ -56,8 +60,8 @@ public:
     std::optional<std::u16string> expressionString() const;
     std::optional<std::u16string> delocalizedExpressionString() const;
     void setExpressionString(std::optional<std::u16string> text);
-    const std::shared_ptr<TCExpression>& expression() const { return text; }
-    const std::shared_ptr<TCExpression>& _expression() const { return text; }
+    const std::shared_ptr<TCExpression>& expression() const;
+    const std::shared_ptr<TCExpression>& _expression() const { return expression(); }
 
     // Takes a new text: drops the answer, analyses the text and tells the collection. The same object
     // again does nothing.
@@ -94,20 +98,31 @@ public:
 
     // The analysed form. It is made when the text changes, and parsed by the collection. What is lent by
     // reference is lent until the next change of the text.
-    const std::shared_ptr<TCAbstractLineExpression>& lineExpression() const { return analysedForm; }
+    const std::shared_ptr<TCAbstractLineExpression>& lineExpression() const;
+    void parseOnDemand(const std::shared_ptr<TCLineExpressionParser>& parser);
     void unparse();
     bool isParsed() const;
     std::shared_ptr<TCParsedExpression> parsedExpression() const;
     std::shared_ptr<TCParsedExpression> evaluableParsedExpression() const;
     const std::shared_ptr<TCExpression>& evaluableExpression() const;
     std::shared_ptr<TCSimpleTokenizedExpression> simpleTokenizedExpression() const;
-    const std::shared_ptr<TCSimpleTokenizedExpression>& tokenizedEvaluableExpression() const;
+    std::shared_ptr<TCSimpleTokenizedExpression> tokenizedEvaluableExpression() const;
     std::shared_ptr<TCLineVariableDeclaration> variableDeclaration() const;
     std::shared_ptr<TCTokenizedExpression> tokenizedExpression() const;
     int32_t lineType() const; // a TCLineType
 
     // Text and nothing else, with an error as its answer.
     bool isTooLong() const;
+
+    // Gives back the memory of tokens and of what else can be made again from the text.
+    void dropForms() const;
+
+    // True for a line of no text while nobody has asked for its expression.
+    bool isKeptAsNothing() const { return noText != NoText::Expression; }
+
+    // True while a collection keeps the forms of this line, which it will need again before long.
+    bool _keepsForms() const { return keepsForms; }
+    void _setKeepsForms(bool keeps) { keepsForms = keeps; }
 
     // The classification of a text, as the line expression of the kind that fits; never null for an
     // ordinary text.
@@ -131,6 +146,9 @@ public:
     // The names of variables that the evaluated part of the parsed line uses, as they are written there.
     const std::vector<std::u16string>& usedVariableNames() const;
 
+    // Whether the line, as far as it is known, refers to lines or uses names.
+    bool usesOtherLines() const { return uses && (uses->references || !uses->variableNames.empty()); }
+
     // Identity and place. The identifier stays with the line for life.
     std::size_t index() const { return position; }
     void setIndex(std::size_t newIndex);
@@ -140,11 +158,15 @@ public:
     TCLineCollection* _lineCollection() const { return owner ? *owner : nullptr; }
     void _setLineCollection(TCLineCollection* collection);
 
-    // Formatting. The custom options are never null and may be shared with other lines.
-    const std::shared_ptr<TCResultFormattingOptions>& customFormattingOptions() const {
-        return customOptions;
-    }
+    // Formatting. The custom options are never null. Those that were set may be shared with other lines;
+    // otherwise they are the line's own, to be changed at will.
+    const std::shared_ptr<TCResultFormattingOptions>& customFormattingOptions();
     void setCustomFormattingOptions(std::shared_ptr<TCResultFormattingOptions> options);
+
+    // The same, only to be read, and so without a copy for this line alone. Equal options of lines that come
+    // one after the other are kept once.
+    const TCResultFormattingOptions& readableFormattingOptions() const { return *customOptions; }
+    void takeFormattingOptions(const TCResultFormattingOptions& options);
     TCResultFormattingOptions contextualizedFormattingOptions();
 
     // What the answer is shown with: the custom options, adjusted to the answer unless that is off.
@@ -193,24 +215,43 @@ private:
     void forgetReferences();
     bool usesLocale(TCSimpleLocale locale) const;
 
-    std::shared_ptr<TCExpression> text; // knows this line as its owner
+    // What only lines have that use others.
+    struct Uses {
+        std::optional<References> references;
+        std::vector<std::u16string> variableNames;
+        std::optional<TCIndexSet> directLineReferences; // the targets, which move with the line
+    };
+    Uses& madeUses() const;
+
+    // An expression whose text is nothing: both it and its analysed form are made when somebody asks.
+    enum class NoText : uint8_t {
+        Expression = 0, // there is one, or none at all, as `text` tells
+        WithoutText = 1,
+        Empty = 2,
+    };
+    static NoText kindOfNothing(const TCExpression* expression);
+    void takeText(std::shared_ptr<TCExpression> expression);
+    void makeExpressionOfNothing() const;
+    TCSimpleLocale formattingLocale() const;
+    void setFormattingLocale(TCSimpleLocale locale);
+
+    mutable std::shared_ptr<TCExpression> text; // knows this line as its owner
+    mutable std::shared_ptr<TCAbstractLineExpression> analysedForm;
     std::shared_ptr<TCResult> answer;
-    bool evaluated = false; // since the last invalidation, whether or not it gave an answer
-    std::size_t position = 0;
     std::shared_ptr<TCLineCollection*> owner; // shared with the collection, which empties it at its end
-
-    // Caches: empty until asked for. The references of the text, none or unknown before it is parsed; the
-    // names that it uses; the targets, which move with the line; the identifier.
-    mutable std::optional<References> references;
-    mutable bool referencesKnown = false;
-    mutable std::optional<std::vector<std::u16string>> variableNames;
-    mutable std::optional<TCIndexSet> directLineReferences;
-    mutable std::u16string identifier;
-
-    std::shared_ptr<TCResultFormattingOptions> customOptions; // may be shared with other lines
-    bool adjustsFormatting = true;
-    bool adjustsPrecision = true;
+    std::shared_ptr<TCResultFormattingOptions> customOptions;
+    mutable std::unique_ptr<Uses> uses;                 // null until there are some
+    mutable std::unique_ptr<std::u16string> identifier; // null until asked for
+    std::size_t position = 0;
     TCExpressionFormattingOptions textOptions;
-    int32_t ownTrigonometryMode = 0;
-    std::shared_ptr<TCAbstractLineExpression> analysedForm;
+    int8_t ownTrigonometryMode = 0;
+    mutable NoText noText = NoText::Expression;
+    mutable bool ownsOptions : 1 = false; // or was given them; otherwise they are shared, and not to be changed
+    bool evaluated : 1 = false; // since the last invalidation, whether or not it gave an answer
+    bool adjustsFormatting : 1 = true;
+    bool adjustsPrecision : 1 = true;
+    bool keepsForms : 1 = false;
+    bool parsedAsNothing : 1 = false; // an analysed form that is made counts as parsed
+    mutable bool referencesKnown : 1 = false;
+    mutable bool variableNamesKnown : 1 = false;
 };

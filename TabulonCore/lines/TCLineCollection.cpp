@@ -43,11 +43,18 @@ TCLineCollection::~TCLineCollection() {
     if (const auto names = variables()) names->removeAllVariables();
 }
 
+bool TCLineCollection::hasRoom() const {
+    if (lines.size() < mostLines) return true;
+    TCWarnLog("Warning: a document has at most %zu lines", mostLines);
+    return false;
+}
+
 void TCLineCollection::addLine(const std::shared_ptr<TCLine>& line) {
     if (!line) {
         TCWarnLog("Warning: trying to add nil line");
         return;
     }
+    if (!hasRoom()) return;
     const std::size_t index = lines.size();
     prepareLineForInsertionAtIndex(line, index);
     registerPreChange(TCLineCollectionChangeTypeInsert, static_cast<int64_t>(index));
@@ -72,6 +79,7 @@ void TCLineCollection::insertLine(const std::shared_ptr<TCLine>& line, std::size
         addLine(line);
         return;
     }
+    if (!hasRoom()) return;
     registerPreChange(TCLineCollectionChangeTypeInsert, static_cast<int64_t>(index));
     prepareLineForInsertionAtIndex(line, index);
     {

@@ -30,6 +30,7 @@
 
 class TCEnvironment;
 class TCLine;
+class TCLineExpressionParser;
 class TCLineCollectionVariable;
 class TCResult;
 class TCResultFormattingOptions;
@@ -49,6 +50,9 @@ class TCLineCollection {
 public:
     // Hears of every line ahead of its evaluation; process-wide.
     using PreEvaluationBlock = std::function<void(TCLine&)>;
+
+    // Lines that a document may have. Adding more changes nothing and is logged.
+    static constexpr std::size_t mostLines = 1'000'000;
 
     // With the current environment as parent, which may be null: then there are neither units nor names.
     TCLineCollection();
@@ -187,8 +191,10 @@ public:
     void _lineNeedsParsing(TCLine& line);
     void _lineReadsDifferently(TCLine& line);
     const std::shared_ptr<TCLineCollection*>& _backReference() const { return backReference; }
+    const std::shared_ptr<TCLineExpressionParser>& _lineParser() const;
 
 private:
+    bool hasRoom() const;
     void prepareLineForInsertionAtIndex(const std::shared_ptr<TCLine>& line, std::size_t index);
     void resetLineIndexesStartingAt(std::size_t index);
     void enterLine(const std::shared_ptr<TCLine>& line);
@@ -207,7 +213,7 @@ private:
     TCLineIndexSet formerDependents(const TCChangedLineIndexes& change, const TCLineIndexSet& direct) const;
     void addLinesDisturbedByMovedPositions(TCChangedLineIndexes& change) const;
     void forgetReferencesWithoutEdge(std::size_t fromIndex);
-    void addDependenciesForLine(const TCLine& line);
+    void addDependenciesForLine(TCLine& line);
 
     // What the names that the document declares, and its references, add to a change.
     struct NameChanges {
@@ -262,5 +268,11 @@ private:
     std::optional<int64_t> stepsOfLine;
     std::optional<int64_t> stepsOfBatch;
 
+    // The lines whose tokens are kept: those that used others when they were last evaluated, since they are
+    // evaluated again when the others change. A ring; the oldest one makes room.
+    void keepFormsOfLine(TCLine& line);
+    std::vector<std::weak_ptr<TCLine>> linesWithForms;
+    std::size_t oldestLineWithForms = 0;
+    mutable std::shared_ptr<TCLineExpressionParser> lineParser; // with the names of the environment
     std::shared_ptr<TCLineCollection*> backReference; // to this; emptied when the collection ends
 };

@@ -39,7 +39,7 @@ uint32_t graphIndex(std::size_t index) {
 
 } // namespace
 
-void TCLineCollection::addDependenciesForLine(const TCLine& line) {
+void TCLineCollection::addDependenciesForLine(TCLine& line) {
     const uint32_t source = graphIndex(line.index());
     const std::size_t reach = lines.size() + referenceReachPastEnd;
     bool refersTooFar = false;
@@ -70,6 +70,8 @@ void TCLineCollection::addDependenciesForLine(const TCLine& line) {
         graph->addDependency(source, graphIndex(declaringLine), TBFDependencyTypeVariable);
     }
 
+    // What was made for this look waits for the evaluation, unless many lines wait.
+    if (line.usesOtherLines()) keepFormsOfLine(line);
     if (refersTooFar) linesWithFarReferences.insert(line.index());
     if (refersToVoid) linesWithVoidReferences.insert(line.index());
 }

@@ -123,6 +123,7 @@ TCLineIndexSet TCLineCollection::unparseLinesThatMayUse(const std::vector<std::u
     }
     std::vector<std::size_t> unparsed;
     for (const auto& line : lines) {
+        if (line->isKeptAsNothing()) continue;
         const auto& evaluable = line->evaluableExpression();
         if (!line->isParsed() || !evaluable || !mayHold(evaluable->stringForEvaluation(), names)) continue;
         line->unparse();

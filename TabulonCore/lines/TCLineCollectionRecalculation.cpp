@@ -5,6 +5,7 @@
 #include "environment/TCLineEvaluator.h"
 #include "environment/TCSettings.h"
 #include "expressions/TCAbstractLineExpression.h"
+#include "expressions/TCExpression.h"
 #include "expressions/TCLineExpressionParser.h"
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
@@ -16,6 +17,9 @@
 #include <utility>
 
 namespace {
+
+constexpr std::size_t mostLinesWithForms = 256;
+constexpr std::size_t longestTextWithForms = 256; // code units
 
 TCLineCollection::PreEvaluationBlock& preEvaluationBlock() {
     static TCLineCollection::PreEvaluationBlock block;
@@ -160,14 +164,40 @@ void TCLineCollection::_lineReadsDifferently(TCLine& line) {
 }
 
 void TCLineCollection::parseAllLines() {
-    if (unparsedLines.empty()) return;
-    TCLineExpressionParser parser(ownEnvironment);
     for (const auto& line : std::exchange(unparsedLines, {})) {
         if (!holds(*line)) continue;
-        const auto& lineExpression = line->lineExpression();
-        if (lineExpression && !line->isParsed()) parser.parseLineExpression(*lineExpression);
+        line->parseOnDemand(_lineParser());
         linesWithStaleDependencies.push_back(line);
     }
+}
+
+const std::shared_ptr<TCLineExpressionParser>& TCLineCollection::_lineParser() const {
+    if (!lineParser || lineParser->environment() != ownEnvironment)
+        lineParser = std::make_shared<TCLineExpressionParser>(ownEnvironment);
+    return lineParser;
+}
+
+// Of a long line they are not kept: they take a hundred times its memory.
+void TCLineCollection::keepFormsOfLine(TCLine& line) {
+    if (line._keepsForms()) return;
+    const auto& expression = line.expression();
+    const auto& typed = expression ? expression->originalString() : std::optional<std::u16string>();
+    if (!typed || typed->size() > longestTextWithForms) {
+        line.dropForms();
+        return;
+    }
+    line._setKeepsForms(true);
+    if (linesWithForms.size() < mostLinesWithForms) {
+        linesWithForms.push_back(line.weak_from_this());
+        return;
+    }
+    std::weak_ptr<TCLine>& place = linesWithForms[oldestLineWithForms];
+    if (const auto oldest = place.lock()) {
+        oldest->_setKeepsForms(false);
+        oldest->dropForms();
+    }
+    place = line.weak_from_this();
+    oldestLineWithForms = (oldestLineWithForms + 1) % mostLinesWithForms;
 }
 
 void TCLineCollection::unparseAllLines() {
@@ -207,6 +237,10 @@ int64_t TCLineCollection::evaluateLineWithBudget(const std::shared_ptr<TCLine>& 
     const std::shared_ptr<TCLine> held = line; // the argument may stand in `lines`
     if (preEvaluationBlock()) preEvaluationBlock()(*held);
     const int64_t taken = TCLineEvaluator::evaluateLine(*held, steps);
+    if (held->usesOtherLines())
+        keepFormsOfLine(*held);
+    else
+        held->dropForms();
     if (held->lineType() == TCLineTypeVariableDeclaration) storeValueOfDeclaringLine(held);
     return taken;
 }

@@ -25,6 +25,8 @@ constexpr Title titles[] = {
     {TCStatisticTypeStandardDeviation, u"Standard Deviation"},
 };
 
+constexpr std::size_t mostTermsAtOnce = 1000;
+
 std::u16string text(uint32_t number) {
     return TBF::utf16(std::to_string(number));
 }
@@ -130,8 +132,16 @@ TCLineCollectionStatistics::varianceString(const TCLineIndexSet& indexes) const 
     const std::u16string meanText = mean ? mean->completeStringValue().value_or(u"") : u"";
     if (meanText.empty()) return std::nullopt;
 
+    // A long sum is evaluated in parts, so that its tokens don't take many times the memory of the total.
     std::u16string sum;
+    std::size_t terms = 0;
     for (const std::size_t index : indexes) {
+        if (terms == mostTermsAtOnce) {
+            const auto part = evaluator->evaluateExpression(TCExpression::expressionWithSimpleString(sum));
+            sum = part ? part->completeStringValue().value_or(u"") : u"";
+            if (sum.empty()) return std::nullopt;
+            terms = 0;
+        }
         const std::shared_ptr<TCLine> line = collection->lineAtIndex(index);
         const std::shared_ptr<TCResult> result = line ? line->result() : nullptr;
         const std::u16string value = result ? result->completeStringValue().value_or(u"") : u"";
@@ -139,6 +149,7 @@ TCLineCollectionStatistics::varianceString(const TCLineIndexSet& indexes) const 
         const std::u16string difference = u"(" + value + u"-" + meanText + u")";
         if (!sum.empty()) sum += u'+';
         sum += difference + u"*" + difference;
+        ++terms;
     }
     return u"(" + sum + u")/" + text(counter);
 }

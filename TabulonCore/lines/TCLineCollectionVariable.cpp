@@ -24,10 +24,40 @@ TCLineCollectionVariable::TCLineCollectionVariable(Passkey key, TBF::Ref<TBF::Va
 
 TCLineCollectionVariable::~TCLineCollectionVariable() = default;
 
+TCLineCollectionVariable::Several& TCLineCollectionVariable::several() {
+    if (owners) return *owners;
+    owners = std::make_unique<Several>();
+    if (onlyOwner) {
+        owners->owners.insert(onlyOwner);
+        owners->ranges.emplace(0, std::exchange(onlyOwner, nullptr));
+    }
+    if (ownerOfOnlyResult)
+        owners->valueResults.emplace(std::exchange(ownerOfOnlyResult, nullptr),
+                                     std::exchange(onlyResult, nullptr));
+    return *owners;
+}
+
+// Where one owner rules everything, it is kept in the small form.
+void TCLineCollectionVariable::backToOne() {
+    if (!owners || owners->owners.size() != 1 || owners->valueResults.size() > 1) return;
+    if (owners->ranges.size() != 1 || owners->ranges.begin()->first != 0) return;
+    const std::unique_ptr<Several> former = std::move(owners);
+    onlyOwner = former->ranges.begin()->second;
+    for (auto& [line, result] : former->valueResults) {
+        ownerOfOnlyResult = line;
+        onlyResult = result;
+    }
+}
+
 void TCLineCollectionVariable::setValueResult(const std::shared_ptr<TCResult>& result,
                                               const std::shared_ptr<TCLine>& ownerLine) {
     if (!ownerLine) return;
-    valueResults.insert_or_assign(ownerLine, result);
+    if (!owners && (!ownerOfOnlyResult || ownerOfOnlyResult == ownerLine)) {
+        ownerOfOnlyResult = ownerLine;
+        onlyResult = result;
+    } else {
+        several().valueResults.insert_or_assign(ownerLine, result);
+    }
     if (const auto range = indexRangeForOwnerLine(ownerLine)) setValueResult(result.get(), *range);
 }
 
@@ -47,13 +77,38 @@ TCLineCollectionVariable::localizedValueForLineAtIndex(std::size_t index) const 
     return localizedValueFromDelocalizedValue(delocalizedValueForLineAtIndex(index));
 }
 
+bool TCLineCollectionVariable::isOwnerLine(const std::shared_ptr<TCLine>& line) const {
+    return owners ? owners->owners.contains(line) : line && line == onlyOwner;
+}
+
+std::size_t TCLineCollectionVariable::countOfOwnerLines() const {
+    return owners ? owners->owners.size() : onlyOwner ? 1 : 0;
+}
+
+TCLineCollectionVariable::OwnerLines TCLineCollectionVariable::ownerLines() const {
+    if (owners) return owners->owners;
+    return onlyOwner ? OwnerLines{onlyOwner} : OwnerLines();
+}
+
+TCLineCollectionVariable::OwnerLines TCLineCollectionVariable::previousOwnerLines() const {
+    if (previous) return previous->owners;
+    return previousOnlyOwner ? OwnerLines{previousOnlyOwner} : OwnerLines();
+}
+
 void TCLineCollectionVariable::addOwnerLine(const std::shared_ptr<TCLine>& line, TCRange lineIndexRange) {
     if (!line) return;
-    owners.insert(line);
-    rangeByOwner.clear();
-    splitRangeAt(lineIndexRange.location);
     const bool runsToEnd = lineIndexRange.length < 0;
+    const bool rulesAll = lineIndexRange.location == 0 && runsToEnd;
+    if (!owners && rulesAll && (!onlyOwner || onlyOwner == line)) {
+        onlyOwner = line;
+        return;
+    }
+    Several& form = several();
+    form.owners.insert(line);
+    form.rangeByOwner.clear();
+    splitRangeAt(lineIndexRange.location);
     if (!runsToEnd) splitRangeAt(lineIndexRange.end());
+    Ranges& ranges = form.ranges;
     ranges.erase(ranges.upper_bound(lineIndexRange.location),
                  runsToEnd ? ranges.end() : ranges.lower_bound(lineIndexRange.end()));
     if (runsToEnd || lineIndexRange.length > 0) ranges.insert_or_assign(lineIndexRange.location, line);
@@ -61,19 +116,29 @@ void TCLineCollectionVariable::addOwnerLine(const std::shared_ptr<TCLine>& line,
 
 // Makes a range begin at the index, with what rules there.
 void TCLineCollectionVariable::splitRangeAt(int64_t index) {
+    Ranges& ranges = several().ranges;
     const auto behind = ranges.upper_bound(index);
     ranges.emplace(index, behind == ranges.begin() ? nullptr : std::prev(behind)->second);
 }
 
 void TCLineCollectionVariable::removeAllOwnerLines() {
-    owners.clear();
-    ranges.clear();
-    rangeByOwner.clear();
+    onlyOwner = nullptr;
+    if (!owners) return;
+    owners->owners.clear();
+    owners->ranges.clear();
+    owners->rangeByOwner.clear();
 }
 
 // The ranges of owners run to the end, so that of the last one is the last.
 std::shared_ptr<TCLine> TCLineCollectionVariable::lastOwnerLine() const {
-    return ranges.empty() ? nullptr : ranges.rbegin()->second;
+    if (!owners) return onlyOwner;
+    return owners->ranges.empty() ? nullptr : owners->ranges.rbegin()->second;
+}
+
+std::shared_ptr<TCLine> TCLineCollectionVariable::ownerLineForLineAtIndex(std::size_t index) const {
+    if (!owners) return onlyOwner;
+    const auto behind = owners->ranges.upper_bound(static_cast<int64_t>(index));
+    return behind == owners->ranges.begin() ? nullptr : std::prev(behind)->second;
 }
 
 std::shared_ptr<TCLine> TCLineCollectionVariable::ownerLineForLineAtIndex(std::size_t index) const {
@@ -82,26 +147,47 @@ std::shared_ptr<TCLine> TCLineCollectionVariable::ownerLineForLineAtIndex(std::s
 }
 
 void TCLineCollectionVariable::beginBatchOwnerLinesChange() {
-    previousOwners = owners;
-    previousRanges = ranges;
+    previousOnlyOwner = onlyOwner;
+    previous = nullptr;
+    if (!owners) return;
+    previous = std::make_unique<Several>();
+    previous->owners = owners->owners;
+    previous->ranges = owners->ranges;
+}
+
+bool TCLineCollectionVariable::ownsAsBefore() const {
+    if (!owners && !previous) return onlyOwner == previousOnlyOwner;
+    return owners && previous && owners->owners == previous->owners && owners->ranges == previous->ranges;
 }
 
 // Owners that stayed may rule other ranges after lines have moved, so equal owners are not enough to leave
 // the values where they are.
 void TCLineCollectionVariable::endBatchOwnerLineChange() {
-    std::erase_if(valueResults, [&](const auto& entry) { return !owners.contains(entry.first); });
-    if (owners == previousOwners && ranges == previousRanges) return;
-    for (auto place = ranges.begin(); place != ranges.end(); ++place) {
-        if (!place->second) continue;
-        const auto stored = valueResults.find(place->second);
-        const auto next = std::next(place);
-        const TCRange range{place->first, next == ranges.end() ? -1 : next->first - place->first};
-        setValueResult(stored == valueResults.end() ? nullptr : stored->second.get(), range);
+    if (!owners) {
+        if (ownerOfOnlyResult != onlyOwner) ownerOfOnlyResult = nullptr, onlyResult = nullptr;
+        if (!ownsAsBefore() && onlyOwner) setValueResult(onlyResult.get(), wholeRange);
+        return;
     }
+    std::erase_if(owners->valueResults,
+                  [&](const auto& entry) { return !owners->owners.contains(entry.first); });
+    if (!ownsAsBefore()) {
+        const Ranges& ranges = owners->ranges;
+        for (auto place = ranges.begin(); place != ranges.end(); ++place) {
+            if (!place->second) continue;
+            const auto stored = owners->valueResults.find(place->second);
+            const auto next = std::next(place);
+            const TCRange range{place->first, next == ranges.end() ? -1 : next->first - place->first};
+            setValueResult(stored == owners->valueResults.end() ? nullptr : stored->second.get(), range);
+        }
+    }
+    backToOne();
 }
 
 std::optional<TCRange>
 TCLineCollectionVariable::indexRangeForOwnerLine(const std::shared_ptr<TCLine>& line) const {
+    if (!owners) return line && line == onlyOwner ? std::optional(wholeRange) : std::nullopt;
+    const Ranges& ranges = owners->ranges;
+    auto& rangeByOwner = owners->rangeByOwner;
     if (rangeByOwner.empty()) {
         for (auto place = ranges.begin(); place != ranges.end(); ++place) {
             const auto next = std::next(place);

@@ -40,12 +40,12 @@ public:
 
     // Owners. A range of length -1 reaches to the end, and overrides what stood there. A change of owners
     // stands between `begin` and `end`, which brings the values to the ranges they rule then.
-    bool isOwnerLine(const std::shared_ptr<TCLine>& line) const { return owners.contains(line); }
-    std::size_t countOfOwnerLines() const { return owners.size(); }
-    const OwnerLines& ownerLines() const { return owners; }
-    std::shared_ptr<TCLine> lastOwnerLine() const;                            // null without owners
+    bool isOwnerLine(const std::shared_ptr<TCLine>& line) const;
+    std::size_t countOfOwnerLines() const;
+    OwnerLines ownerLines() const;
+    std::shared_ptr<TCLine> lastOwnerLine() const; // null without owners
     std::shared_ptr<TCLine> ownerLineForLineAtIndex(std::size_t index) const; // that rules there; may be null
-    const OwnerLines& previousOwnerLines() const { return previousOwners; }
+    OwnerLines previousOwnerLines() const;
     void addOwnerLine(const std::shared_ptr<TCLine>& line, TCRange lineIndexRange);
     void removeAllOwnerLines();
     void beginBatchOwnerLinesChange();
@@ -63,11 +63,28 @@ private:
 
     void splitRangeAt(int64_t index);
 
-    OwnerLines owners;
-    OwnerLines previousOwners;
-    Ranges ranges;
-    Ranges previousRanges;
-    mutable std::unordered_map<const TCLine*, TCRange> rangeByOwner; // of `ranges`, made on demand
-    std::unordered_map<std::shared_ptr<TCLine>, std::shared_ptr<TCResult>> valueResults;
+    using Results = std::unordered_map<std::shared_ptr<TCLine>, std::shared_ptr<TCResult>>;
+
+    // Of a name that more than one line declares, or that doesn't rule all lines.
+    struct Several {
+        OwnerLines owners;
+        Ranges ranges;
+        mutable std::unordered_map<const TCLine*, TCRange> rangeByOwner; // of `ranges`, made on demand
+        Results valueResults;
+    };
+
+    Several& several();
+    void backToOne();
+    bool ownsAsBefore() const;
+
+    // Nearly all names have one owner, which rules everything. A document may have a hundred thousand.
+    std::shared_ptr<TCLine> onlyOwner;
+    std::shared_ptr<TCLine> ownerOfOnlyResult; // null without a result
+    std::shared_ptr<TCResult> onlyResult;
+    std::unique_ptr<Several> owners; // null as long as the above serve
+
+    // Of the last change of owners, in either form.
+    std::shared_ptr<TCLine> previousOnlyOwner;
+    std::unique_ptr<Several> previous;
     std::shared_ptr<TCLine> firstLine;
 };

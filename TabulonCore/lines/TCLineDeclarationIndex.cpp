@@ -6,31 +6,51 @@
 #include <algorithm>
 #include <utility>
 
+void TCLineDeclarationIndex::Declaring::insert(const std::shared_ptr<TCLine>& line) {
+    if (!several && (!only || only == line)) {
+        only = line;
+        return;
+    }
+    if (!several) {
+        several = std::make_unique<std::unordered_set<std::shared_ptr<TCLine>>>();
+        several->insert(std::exchange(only, nullptr));
+    }
+    several->insert(line);
+}
+
+void TCLineDeclarationIndex::Declaring::erase(const std::shared_ptr<TCLine>& line) {
+    if (several)
+        several->erase(line);
+    else if (only == line)
+        only = nullptr;
+}
+
 void TCLineDeclarationIndex::update(const std::shared_ptr<TCLine>& line) {
     const auto declaration =
         line->lineType() == TCLineTypeVariableDeclaration ? line->variableDeclaration() : nullptr;
-    const auto known = nameByLine.find(line);
+    const auto known = nameByLine.find(line.get());
     if (known != nameByLine.end()) {
-        if (declaration && declaration->name() == known->second) return;
+        if (declaration && declaration->name() == known->second->first) return;
         remove(line);
     }
     if (!declaration) return;
-    nameByLine.emplace(line, declaration->name());
-    auto& declaringLines = linesByName[declaration->name()];
-    declaringLines.insert(line);
-    if (declaringLines.size() > 1) repeatedNames.insert(declaration->name());
+    LinesByName::value_type& named = *linesByName.try_emplace(declaration->name()).first;
+    nameByLine.emplace(line.get(), &named);
+    named.second.insert(line);
+    if (named.second.size() > 1) repeatedNames.insert(declaration->name());
     changedNames.insert(declaration->name());
 }
 
 void TCLineDeclarationIndex::remove(const std::shared_ptr<TCLine>& line) {
-    const auto known = nameByLine.find(line);
+    const auto known = nameByLine.find(line.get());
     if (known == nameByLine.end()) return;
-    const auto named = linesByName.find(known->second);
-    named->second.erase(line);
-    if (named->second.size() == 1) repeatedNames.erase(known->second);
-    if (named->second.empty()) linesByName.erase(named);
-    changedNames.insert(std::move(known->second));
+    const std::u16string name = known->second->first;
+    Declaring& declaring = known->second->second;
     nameByLine.erase(known);
+    declaring.erase(line);
+    if (declaring.size() == 1) repeatedNames.erase(name);
+    if (declaring.size() == 0) linesByName.erase(name);
+    changedNames.insert(name);
 }
 
 void TCLineDeclarationIndex::removeAll() {
@@ -42,15 +62,17 @@ void TCLineDeclarationIndex::removeAll() {
 }
 
 void TCLineDeclarationIndex::noteMove(const std::shared_ptr<TCLine>& line) {
-    if (const auto known = nameByLine.find(line); known != nameByLine.end())
-        changedNames.insert(known->second);
+    if (const auto known = nameByLine.find(line.get()); known != nameByLine.end())
+        changedNames.insert(known->second->first);
 }
 
 std::vector<std::shared_ptr<TCLine>>
 TCLineDeclarationIndex::linesDeclaring(const std::u16string& name) const {
     const auto named = linesByName.find(name);
     if (named == linesByName.end()) return {};
-    std::vector<std::shared_ptr<TCLine>> lines(named->second.begin(), named->second.end());
+    const Declaring& declaring = named->second;
+    if (!declaring.several) return {declaring.only};
+    std::vector<std::shared_ptr<TCLine>> lines(declaring.several->begin(), declaring.several->end());
     std::sort(lines.begin(), lines.end(),
               [](const auto& a, const auto& b) { return a->index() < b->index(); });
     return lines;

@@ -37,8 +37,19 @@ public:
     std::unordered_set<std::u16string> takeChangedNames();
 
 private:
-    std::unordered_map<std::shared_ptr<TCLine>, std::u16string> nameByLine;
-    std::unordered_map<std::u16string, std::unordered_set<std::shared_ptr<TCLine>>> linesByName;
+    // The lines of one name. Most names have one, which needs no set.
+    struct Declaring {
+        std::shared_ptr<TCLine> only;
+        std::unique_ptr<std::unordered_set<std::shared_ptr<TCLine>>> several;
+
+        void insert(const std::shared_ptr<TCLine>& line);
+        void erase(const std::shared_ptr<TCLine>& line);
+        std::size_t size() const { return several ? several->size() : only ? 1 : 0; }
+    };
+    using LinesByName = std::unordered_map<std::u16string, Declaring>;
+
+    LinesByName linesByName; // whose entries stay where they are
+    std::unordered_map<const TCLine*, LinesByName::value_type*> nameByLine;
     std::unordered_set<std::u16string> changedNames;
     std::unordered_set<std::u16string> repeatedNames;
 };

@@ -7,7 +7,9 @@
 std::optional<std::u16string> TCLine::formattedResult() {
     const std::shared_ptr<TCResult> current = result();
     if (!current || current->resultType() != TCResultTypeNumber) return std::nullopt;
-    return TCResultFormatter::sharedInstance().stringValueForResult(current.get(), formattingOptions());
+    auto shown = TCResultFormatter::sharedInstance().stringValueForResult(current.get(), formattingOptions());
+    current->dropDerivedForms();
+    return shown;
 }
 
 TCResultFormattingOptions TCLine::contextualizedFormattingOptions() {

@@ -96,15 +96,13 @@ TCResult::~TCResult() = default;
 std::shared_ptr<TCResult> TCResult::resultWithContentsOfTBFResult(TBF::Ref<TBF::Result> result) {
     auto wrapped = TBF::makeShared<TCResult>();
     if (const TBF::String* const text = TBFResultGetStringReference(result.get())) {
-        wrapped->rawText = text->utf16();
         wrapped->type = text->isEmpty() ? TCResultTypeEmpty : TCResultTypeNumber;
-        wrapped->takeUnitFrom(result.get());
     } else {
         wrapped->takeErrorFrom(result.get());
         wrapped->type = wrapped->error == TCErrorTypeNone ? TCResultTypeEmpty : TCResultTypeError;
     }
     if (TBFResultGetFlags(result.get()) & TBFResultFlagPercent) wrapped->flagBits = TBFResultFlagPercent;
-    if (wrapped->rawText) wrapped->foundationResult = std::move(result);
+    if (TBFResultGetStringReference(result.get())) wrapped->foundationResult = std::move(result);
     return wrapped;
 }
 
@@ -122,24 +120,32 @@ void TCResult::takeErrorFrom(TBFResultRef result) {
     if (row != std::end(errorCodes)) error = row->type;
 }
 
-void TCResult::takeUnitFrom(TBFResultRef result) {
+TCResult::UnitForms TCResult::unitFormsOf(TBFResultRef result) {
+    UnitForms forms;
     TBF::UnitFraction* const fraction = TBFResultGetUnitFraction(result);
-    if (!fraction || fraction->unitType() == TBFUnitTypeNone) return;
-    setUnit(TCValueUnit::unitWithUnitFraction(TBF::retain(fraction)));
+    if (!fraction || fraction->unitType() == TBFUnitTypeNone) return forms;
+    forms.unfiltered = TCValueUnit::unitWithUnitFraction(TBF::retain(fraction));
+    forms.filtered = TCUnitFilter::filteredUnit(forms.unfiltered);
     for (const TBF::UnitFraction::UnitDegree& each : fraction->unitDegrees()) {
         const TBFUnitFormatType format = TBFResultGetUnitComponentNameFormat(result, each.unit.get());
         if (format != TBFUnitFormatTypeNone)
-            unitNameFormats.insert_or_assign(TCUnitTypeFromTBFUnitType(each.unit->type()),
-                                             TCUnitNameFormatFromTBFUnitFormatType(format));
+            forms.nameFormats.insert_or_assign(TCUnitTypeFromTBFUnitType(each.unit->type()),
+                                               TCUnitNameFormatFromTBFUnitFormatType(format));
     }
+    return forms;
 }
 
 std::shared_ptr<TCResult> TCResult::resultWithRawResultString(std::optional<std::u16string_view> text,
                                                               std::shared_ptr<TCUnit> unit, uint32_t flags) {
     auto result = TBF::makeShared<TCResult>();
-    if (text) result->rawText = std::u16string(trimmed(*text));
-    result->type = result->rawText && !result->rawText->empty() ? TCResultTypeNumber : TCResultTypeEmpty;
-    result->setUnit(std::move(unit));
+    result->type = TCResultTypeEmpty;
+    if (text) {
+        const std::u16string_view value = trimmed(*text);
+        result->foundationResult = TBF::Result::create();
+        result->foundationResult->setString(TBF::String::create(value));
+        if (!value.empty()) result->type = TCResultTypeNumber;
+    }
+    if (unit) result->setUnit(std::move(unit));
     result->flagBits = flags;
     return result;
 }
@@ -157,33 +163,39 @@ const std::shared_ptr<TCResult>& TCResult::emptyResult() {
 }
 
 TBFResultRef TCResult::tbfResult() const {
-    if (!foundationResult && rawText) {
-        foundationResult = TBF::adopt(TBFResultCreate());
-        TBFResultSetString(foundationResult.get(), TBF::String::create(*rawText).get());
-    }
-    if (rawPrecision >= 0) TBFResultSetPrecision(foundationResult.get(), rawPrecision);
     return foundationResult.get();
 }
 
+void TCResult::setRawResultPrecision(int32_t places) {
+    TBFResultSetPrecision(foundationResult.get(), std::max(places, -1));
+}
+
+void TCResult::dropDerivedForms() const {
+    if (foundationResult) foundationResult->dropDigits();
+    if (!hasOwnUnits) units.reset();
+}
+
+std::optional<std::u16string> TCResult::rawResult() const {
+    const TBF::String* const text = TBFResultGetStringReference(foundationResult.get());
+    return text ? std::optional(text->utf16()) : std::nullopt;
+}
+
 std::optional<std::u16string> TCResult::completeStringValue() const {
-    if (!completeText)
-        if (const TBF::String* const text = TBFResultGetCompleteStringReference(tbfResult()))
-            completeText = text->utf16();
-    return completeText;
+    const TBF::String* const text = TBFResultGetCompleteStringReference(foundationResult.get());
+    return text ? std::optional(text->utf16()) : std::nullopt;
 }
 
 bool TCResult::isUnity() const {
-    return completeStringValue() == u"1";
+    const TBF::String* const text = TBFResultGetCompleteStringReference(foundationResult.get());
+    return text && text->view() == u"1";
 }
 
 uint32_t TCResult::wholeNumberLength() const {
-    if (cachedWholeNumberLength == 0 && rawText) {
-        const std::size_t point = rawText->find(u'.');
-        const std::size_t length =
-            point == std::u16string::npos ? rawText->size() : std::max<std::size_t>(point, 1);
-        cachedWholeNumberLength = static_cast<uint32_t>(length);
-    }
-    return cachedWholeNumberLength;
+    const TBF::String* const text = TBFResultGetStringReference(foundationResult.get());
+    if (!text) return 0;
+    const std::size_t point = text->view().find(u'.');
+    return point == std::u16string_view::npos ? static_cast<uint32_t>(text->length())
+                                              : static_cast<uint32_t>(std::max<std::size_t>(point, 1));
 }
 
 std::optional<std::u16string> TCResult::decimalValue(uint32_t places, bool withUnit) const {
@@ -201,32 +213,75 @@ void TCResult::setResultFormattingOptions(std::shared_ptr<const TCResultFormatti
     formattingOptions = std::move(options);
 }
 
+void* TCResult::UnitForms::operator new(std::size_t size) {
+    return TBF::ObjectPool::take(size);
+}
+
+void TCResult::UnitForms::operator delete(void* memory, std::size_t size) {
+    TBF::ObjectPool::give(memory, size);
+}
+
+const TCResult::UnitForms& TCResult::unitForms() const {
+    static const UnitForms& none = *std::make_unique<UnitForms>().release();
+    if (units) return *units;
+    const TBF::UnitFraction* const fraction = TBFResultGetUnitFraction(foundationResult.get());
+    if (!fraction || fraction->unitType() == TBFUnitTypeNone) return none;
+    units = std::make_unique<UnitForms>(unitFormsOf(foundationResult.get()));
+    return *units;
+}
+
+TCResult::UnitForms& TCResult::ownUnitForms() {
+    if (!units) units = std::make_unique<UnitForms>(unitForms());
+    hasOwnUnits = true;
+    return *units;
+}
+
+const std::shared_ptr<TCUnit>& TCResult::unit() const {
+    return unitForms().filtered;
+}
+
+const std::shared_ptr<TCUnit>& TCResult::unfilteredUnit() const {
+    return unitForms().unfiltered;
+}
+
 void TCResult::setUnit(std::shared_ptr<TCUnit> unit) {
-    unfiltered = std::move(unit);
-    filtered = TCUnitFilter::filteredUnit(unfiltered);
+    UnitForms& forms = ownUnitForms();
+    forms.unfiltered = std::move(unit);
+    forms.filtered = TCUnitFilter::filteredUnit(forms.unfiltered);
+}
+
+void TCResult::setFilteredUnit(std::shared_ptr<TCUnit> unit) {
+    ownUnitForms().filtered = std::move(unit);
+}
+
+void TCResult::setUnfilteredUnit(std::shared_ptr<TCUnit> unit) {
+    ownUnitForms().unfiltered = std::move(unit);
 }
 
 std::optional<std::u16string> TCResult::unitString() const {
-    if (!filtered) return std::nullopt;
+    const UnitForms& forms = unitForms();
+    if (!forms.filtered) return std::nullopt;
     TCUnitStringFormatter formatter;
-    for (const auto& [unitType, format] : unitNameFormats)
+    for (const auto& [unitType, format] : forms.nameFormats)
         formatter.setUnitNameFormat(format, unitType);
-    return formatter.stringForUnit(filtered.get(), isUnity() ? TCUnitNameFormSingular : TCUnitNameFormPlural);
+    return formatter.stringForUnit(forms.filtered.get(), isUnity() ? TCUnitNameFormSingular : TCUnitNameFormPlural);
 }
 
 TCUnitNameFormat TCResult::unitNameFormatForComponentUnitType(TCUnitType unitType) const {
-    const auto found = unitNameFormats.find(unitType);
-    return found == unitNameFormats.end() ? TCUnitNameFormatNone : found->second;
+    const UnitNameFormats& formats = unitForms().nameFormats;
+    const auto found = formats.find(unitType);
+    return found == formats.end() ? TCUnitNameFormatNone : found->second;
 }
 
 bool TCResult::isEqual(const TCResult* other) const {
     if (!other) return false;
     if (this == other) return true;
     if (type != other->type || error != other->error) return false;
-    if (!TCUnitsAreEqual(filtered.get(), other->filtered.get())) return false;
+    if (!TCUnitsAreEqual(unit().get(), other->unit().get())) return false;
     return TBFResultEqualToResult(tbfResult(), other->tbfResult());
 }
 
 std::size_t TCResult::hash() const {
-    return rawText ? std::hash<std::u16string>()(*rawText) : 0;
+    const TBF::String* const text = TBFResultGetStringReference(foundationResult.get());
+    return text ? std::hash<std::u16string_view>()(text->view()) : 0;
 }

@@ -72,7 +72,7 @@ public:
     void setFlags(uint32_t flags) { flagBits = flags; }
     bool isPercent() const { return (flagBits & TBFResultFlagPercent) != 0; }
 
-    const std::optional<std::u16string>& rawResult() const { return rawText; }
+    std::optional<std::u16string> rawResult() const;
 
     // The text without idle zeros at its end; none without a value.
     std::optional<std::u16string> completeStringValue() const;
@@ -89,7 +89,11 @@ public:
     TBFResultRef tbfResult() const;
 
     // Decimal places that count in comparisons; below 0, all of them.
-    void setRawResultPrecision(int32_t places) { rawPrecision = places; }
+    void setRawResultPrecision(int32_t places);
+
+    // Gives back the memory of what follows from the text and the foundation's form; it is made again when
+    // somebody asks.
+    void dropDerivedForms() const;
 
     void setResultFormattingOptions(std::shared_ptr<const TCResultFormattingOptions> options);
 
@@ -100,12 +104,13 @@ public:
 
     // The unit to show; null for a plain number. An amount of money shows only money and what it is per, and
     // its unit as evaluated is the unfiltered one. `setUnit` sets both.
-    const std::shared_ptr<TCUnit>& unit() const { return filtered; }
-    const std::shared_ptr<TCUnit>& filteredUnit() const { return filtered; }
-    const std::shared_ptr<TCUnit>& unfilteredUnit() const { return unfiltered; }
+    // Borrowed until the forms are dropped.
+    const std::shared_ptr<TCUnit>& unit() const;
+    const std::shared_ptr<TCUnit>& filteredUnit() const { return unit(); }
+    const std::shared_ptr<TCUnit>& unfilteredUnit() const;
     void setUnit(std::shared_ptr<TCUnit> unit);
-    void setFilteredUnit(std::shared_ptr<TCUnit> unit) { filtered = std::move(unit); }
-    void setUnfilteredUnit(std::shared_ptr<TCUnit> unit) { unfiltered = std::move(unit); }
+    void setFilteredUnit(std::shared_ptr<TCUnit> unit);
+    void setUnfilteredUnit(std::shared_ptr<TCUnit> unit);
 
     // The unit as the line wrote its parts; none without a unit.
     std::optional<std::u16string> unitString() const;
@@ -119,19 +124,28 @@ public:
 
 private:
     void takeErrorFrom(TBFResultRef result);
-    void takeUnitFrom(TBFResultRef result);
 
-    std::optional<std::u16string> rawText;
-    mutable std::optional<std::u16string> completeText; // cached
-    mutable uint32_t cachedWholeNumberLength = 0;       // 0 while unknown
-    int32_t rawPrecision = -1;
-    mutable TBF::Ref<TBF::Result> foundationResult; // made from the text on demand
-    std::shared_ptr<TCUnit> unfiltered, filtered;
-    UnitNameFormats unitNameFormats;
+    // The units as the core layer shows them.
+    struct UnitForms {
+        std::shared_ptr<TCUnit> unfiltered, filtered;
+        UnitNameFormats nameFormats;
+
+        static void* operator new(std::size_t size);
+        static void operator delete(void* memory, std::size_t size);
+    };
+    const UnitForms& unitForms() const;
+    UnitForms& ownUnitForms(); // which aren't those of the foundation's form any more
+    static UnitForms unitFormsOf(TBFResultRef result);
+
+    // A document keeps an answer for each of its lines, so the text, the digits and the unit stand once, in
+    // the foundation's form.
+    TBF::Ref<TBF::Result> foundationResult; // null without a text
+    mutable std::unique_ptr<UnitForms> units; // null while nobody has asked, or without a unit
     std::shared_ptr<const TCResultFormattingOptions> formattingOptions;
-    bool showsTrailingZeros = false;
-    bool showsThousandsSeparator = false;
     TCResultType type = TCResultTypeNotSet;
     TCErrorType error = TCErrorTypeNone;
     uint32_t flagBits = 0;
+    bool showsTrailingZeros : 1 = false;
+    bool showsThousandsSeparator : 1 = false;
+    bool hasOwnUnits : 1 = false; // they were set
 };

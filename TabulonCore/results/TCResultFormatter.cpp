@@ -113,7 +113,9 @@ std::optional<std::u16string>
 TCResultFormatter::stringValueForResult(const TCResult* result,
                                         const TCResultFormattingOptions& withOptions) {
     std::optional<std::u16string> text;
-    switch (withOptions.displayFormat()) {
+    TBF::Result* const value = result ? result->tbfResult() : nullptr;
+    const bool isEndless = value && TBF::ResultFormatter::isEndless(*value);
+    switch (isEndless ? int32_t{TCDisplayFormatNormal} : withOptions.displayFormat()) {
     case TCDisplayFormatNormal:
     case TCDisplayFormatBase:
         text = normalFormattedResult(result, withOptions);

@@ -50,20 +50,22 @@ bool DependencyGraph::addDependency(uint32_t source, uint32_t destination, uint3
 void DependencyGraph::removeAllDependenciesForLine(uint32_t index) {
     const std::lock_guard lock(mutex);
     extents.removeAllDependenciesForLine(index);
-    if (const auto& entry = nodes[index]) entry->removeAllDependencies();
+    named.insert(index);
+    if (const auto entry = nodes.find(index); entry != nodes.end()) entry->second->removeAllDependencies();
 }
 
 void DependencyGraph::removeAllDependenciesForLinesOnAndAfterIndex(uint32_t index) {
     const std::lock_guard lock(mutex);
     for (auto entry = nodes.lower_bound(index); entry != nodes.end(); ++entry) {
         extents.removeAllDependenciesForLine(entry->first);
-        if (entry->second) entry->second->removeAllDependencies();
+        entry->second->removeAllDependencies();
     }
 }
 
 std::vector<DependencyEdge> DependencyGraph::directDependents(uint32_t index) {
     std::vector<DependencyEdge> result;
-    const auto& entry = nodes[index];
+    named.insert(index);
+    const DependencyGraphNode* const entry = existingNode(index);
     if (!entry) return result;
     for (const auto& [node, typeMask] : entry->dependents())
         result.push_back({node->index(), typeMask});
@@ -84,7 +86,6 @@ std::vector<uint32_t> DependencyGraph::directDependentsInRange(uint32_t first, u
                                                                uint32_t mask) const {
     std::vector<uint32_t> result;
     for (auto entry = nodes.lower_bound(first); entry != nodes.end() && entry->first < end; ++entry) {
-        if (!entry->second) continue;
         for (const auto& [node, typeMask] : entry->second->dependents())
             if (typeMask & mask) result.push_back(node->index());
     }
@@ -118,7 +119,7 @@ std::vector<uint32_t> DependencyGraph::indexesWithDependenciesCrossingIndex(uint
 std::vector<uint32_t> DependencyGraph::evaluationOrder(std::span<const uint32_t> indexes) {
     const std::lock_guard lock(mutex);
     ++walkNumber;
-    const std::vector<DependencyGraphNode*> reached = closure(indexes);
+    const std::vector<Reached> reached = closure(indexes);
     std::vector<uint32_t> order;
     order.reserve(reached.size());
 
@@ -133,8 +134,12 @@ std::vector<uint32_t> DependencyGraph::evaluationOrder(std::span<const uint32_t>
         node->visitedIn = walkNumber;
         way.push_back({node, node->dependencies().begin()});
     };
-    for (DependencyGraphNode* start : reached) {
-        enter(start);
+    for (const Reached& start : reached) {
+        if (!start.node) {
+            order.push_back(start.index);
+            continue;
+        }
+        enter(start.node);
         while (!way.empty()) {
             Step& step = way.back();
             if (step.next == step.node->dependencies().end()) {
@@ -150,24 +155,37 @@ std::vector<uint32_t> DependencyGraph::evaluationOrder(std::span<const uint32_t>
     return order;
 }
 
-// The nodes of the indexes and of all their dependents, by ascending index, marked as reached.
-std::vector<DependencyGraphNode*> DependencyGraph::closure(std::span<const uint32_t> indexes) {
-    std::vector<DependencyGraphNode*> reached;
+// The indexes and all their dependents, each once, ascending; those that have nodes are marked as reached.
+std::vector<DependencyGraph::Reached> DependencyGraph::closure(std::span<const uint32_t> indexes) {
+    std::vector<Reached> reached;
+    reached.reserve(indexes.size());
     const auto reach = [&](DependencyGraphNode* node) {
         if (node->reachedIn == walkNumber) return;
         node->reachedIn = walkNumber;
-        reached.push_back(node);
+        reached.push_back({node->index(), node});
     };
-    for (const uint32_t index : indexes)
-        reach(&node(index));
-    for (std::size_t i = 0; i < reached.size(); ++i)
-        for (const auto& [dependent, typeMask] : reached[i]->dependents())
+    for (const uint32_t index : indexes) {
+        named.insert(index);
+        if (const auto entry = nodes.find(index); entry != nodes.end())
+            reach(entry->second.get());
+        else
+            reached.push_back({index, nullptr});
+    }
+    for (std::size_t i = 0; i < reached.size(); ++i) {
+        const DependencyGraphNode* const node = reached[i].node;
+        if (!node) continue;
+        for (const auto& [dependent, typeMask] : node->dependents())
             reach(dependent);
-    std::sort(reached.begin(), reached.end(), DependencyGraphNode::ByIndex());
+    }
+    const auto key = [](const Reached& each) { return std::pair(each.index, each.node); };
+    std::ranges::sort(reached, {}, key);
+    const auto repeated = std::ranges::unique(reached, {}, key);
+    reached.erase(repeated.begin(), repeated.end());
     return reached;
 }
 
 DependencyGraphNode& DependencyGraph::node(uint32_t index) {
+    named.insert(index);
     auto& entry = nodes[index];
     if (!entry) entry = make<DependencyGraphNode>(index);
     return *entry;
@@ -185,17 +203,17 @@ uint32_t DependencyGraph::typeMaskOf(const Dependency& dependency) const {
 }
 
 void DependencyGraph::print() const {
-    for (const auto& [index, node] : nodes) {
+    named.forEach([this](uint32_t index) {
         std::printf("%u dependsOn: [", index);
         const char* separator = "";
-        if (node) {
+        if (const DependencyGraphNode* const node = existingNode(index)) {
             for (const auto& [dependency, typeMask] : node->dependencies()) {
                 std::printf("%s%u", separator, dependency->index());
                 separator = ", ";
             }
         }
         std::printf("]\n");
-    }
+    });
 }
 
 } // namespace TBF

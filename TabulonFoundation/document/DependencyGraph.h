@@ -5,9 +5,10 @@
 // nothing of lines: when positions shift, the document layer rebuilds the edges. It has one writer, the
 // document's thread; additions, removals and evaluation orders lock, the other queries do not.
 //
-// Memory is proportional to the nodes and edges. No operation recurses, and cycles end every walk.
+// Memory is proportional to the edges; an index without any takes a bit. No operation recurses, and cycles end every walk.
 
 #include "document/DependencyExtents.h"
+#include "document/IndexBits.h"
 #include "document/TBFDependencyType.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
@@ -88,9 +89,9 @@ public:
     void removeAllDependenciesForLinesOnAndAfterIndex(uint32_t index);
 
     // Every index that was ever named counts, with or without edges.
-    std::size_t nodeCount() const { return nodes.size(); }
+    std::size_t nodeCount() const { return named.count(); }
 
-    // By ascending index. Makes the entry of an unknown index, as the removals do.
+    // By ascending index. An index that was asked for counts as named, as one of a removal does.
     std::vector<DependencyEdge> directDependents(uint32_t index);
 
     // What the index uses, ascending. Changes nothing.
@@ -111,7 +112,7 @@ public:
 
     // The given indexes and all that depend on them, each once, after everything among them that it uses
     // itself; the walk starts at each by ascending index. On a cycle the index at which it came in is last.
-    // Makes nodes for the given indexes.
+    // The given indexes count as named.
     std::vector<uint32_t> evaluationOrder(std::span<const uint32_t> indexes);
 
     // One line per node on standard output, for debugging.
@@ -122,15 +123,22 @@ private:
     DependencyGraph() = default;
     ~DependencyGraph() override = default;
 
+    // Of a walk; the node is null for an index without edges so far.
+    struct Reached {
+        uint32_t index;
+        DependencyGraphNode* node;
+    };
+
     DependencyGraphNode& node(uint32_t index);
     const DependencyGraphNode* existingNode(uint32_t index) const;
     uint32_t typeMaskOf(const Dependency& dependency) const;
-    std::vector<DependencyGraphNode*> closure(std::span<const uint32_t> indexes);
+    std::vector<Reached> closure(std::span<const uint32_t> indexes);
 
     using Nodes = std::map<uint32_t, Ref<DependencyGraphNode>, std::less<>,
                            PoolAllocator<std::pair<const uint32_t, Ref<DependencyGraphNode>>>>;
 
-    Nodes nodes;      // a null node is an index without edges so far
+    Nodes nodes;      // of the indexes that have, or had, edges
+    IndexBits named;  // all indexes that ever were
     std::mutex mutex; // not recursive
     DependencyExtents extents;
     uint64_t walkNumber = 0;

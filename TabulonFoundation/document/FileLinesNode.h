@@ -23,6 +23,9 @@ struct FileLine {
 
 class FileLinesNode {
 public:
+    // What a document may have; a reader refuses more.
+    static constexpr std::size_t mostLines = 1'000'000;
+
     std::size_t count() const noexcept { return lines.size(); }
 
     // Appends records up to the index where there are none yet.

@@ -53,6 +53,7 @@ struct ParseRun {
     int firstCode = 0;
     int firstLine = 0;
     bool failedAtEnd = false; // the first error was that there is no more text
+    bool hasTooManyLines = false;
 };
 
 std::string_view viewOf(const xmlChar* text) {
@@ -80,7 +81,9 @@ void startElementHandler(void* context, const xmlChar* name, const xmlChar* pref
     contents.startElement(isPlainName ? viewOf(name)
                                       : std::string(viewOf(prefix)) + ':' + std::string(viewOf(name)),
                           lineOf(context));
-    if (!contents.foreignRoot().empty()) xmlStopParser(&contextOf(context));
+    ParseRun& run = runOf(context);
+    run.hasTooManyLines |= contents.lines && contents.lines->count() > FileLinesNode::mostLines;
+    if (run.hasTooManyLines || !contents.foreignRoot().empty()) xmlStopParser(&contextOf(context));
 }
 
 void endElementHandler(void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
@@ -124,7 +127,26 @@ void installHandlers(xmlParserCtxt& context, ParseRun& run) {
     *context.sax = handlers;
 }
 
+// The lines of a document, or somewhat more: comments may hold the same text. Told before any memory is used.
+bool mayHaveTooManyLines(std::string_view bytes) {
+    constexpr std::string_view lineStart = "<line";
+    std::size_t count = 0;
+    for (std::size_t place = bytes.find(lineStart); place != std::string_view::npos;
+         place = bytes.find(lineStart, place + lineStart.size())) {
+        const std::size_t next = place + lineStart.size();
+        if (next < bytes.size() && bytes[next] != 's' && ++count > FileLinesNode::mostLines) return true;
+    }
+    return false;
+}
+
+const std::string& reasonForTooManyLines() {
+    static const std::string& reason =
+        *new std::string("has more than " + std::to_string(FileLinesNode::mostLines) + " lines");
+    return reason;
+}
+
 std::string reasonOf(const ParseRun& run) {
+    if (run.hasTooManyLines) return reasonForTooManyLines();
     const std::string place = " (line " + std::to_string(run.firstLine) + ")";
     const bool isEncodingError = run.firstCode == XML_ERR_INVALID_ENCODING ||
                                  run.firstCode == XML_I18N_CONV_FAILED ||
@@ -201,6 +223,7 @@ bool FileReader::readMemory(std::string_view bytes) {
 
 bool FileReader::parse(std::string_view bytes) {
     if (bytes.size() > maxFileSize) return fail(FileReaderErrorCannotRead, "is too large for a document");
+    if (mayHaveTooManyLines(bytes)) return fail(FileReaderErrorCannotRead, reasonForTooManyLines());
     if (const platform::XMLExcess excess = platform::firstExcessOfXML(bytes)) {
         return fail(FileReaderErrorBadContent,
                     std::string(excess.what) + " (line " + std::to_string(excess.line) + ")");
@@ -221,7 +244,7 @@ bool FileReader::parse(std::string_view bytes) {
                                                    std::string(FileContents::rootName) + ">");
     }
     if (feed.hasTooManyNames()) return fail(FileReaderErrorBadContent, "has over 10,000 different names");
-    if (status != 0 || !context->wellFormed) return fail(FileReaderErrorBadContent, reasonOf(run));
+    if (status != 0 || !context->wellFormed || run.hasTooManyLines) return fail(FileReaderErrorBadContent, reasonOf(run));
     infoNode = std::move(run.contents.info);
     settingsNode = std::move(run.contents.settings);
     linesNode = std::move(run.contents.lines);

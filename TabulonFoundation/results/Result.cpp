@@ -52,6 +52,11 @@ M_APM Result::mapm() {
     return digits->get();
 }
 
+void Result::dropDigits() noexcept {
+    number.reset();
+    digits.reset();
+}
+
 int32_t Result::exponent() {
     const M_APM value = mapm();
     return value ? m_apm_exponent(value) : 0;
@@ -69,7 +74,8 @@ void Result::setUnitFraction(const UnitFraction* newFraction) {
 }
 
 TBFUnitFormatType Result::nameFormat(const Unit& unit) const {
-    const auto found = nameFormats.find(unit.identifier());
+    const auto found = std::find_if(nameFormats.begin(), nameFormats.end(),
+                                    [&](const auto& entry) { return entry.first == unit.identifier(); });
     return found == nameFormats.end() ? TBFUnitFormatTypeNone : found->second;
 }
 

@@ -14,6 +14,8 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace TBF {
 
@@ -41,6 +43,9 @@ public:
     M_APM mapm();
     int32_t exponent(); // scientific; 0 without a value
 
+    // Gives back the digits beside the text. What `mapm` lent ends here.
+    void dropDigits() noexcept;
+
     // Decimal places that count in comparisons; -1 for all.
     int32_t precision() const noexcept { return comparedPlaces; }
     void setPrecision(int32_t precision) noexcept { comparedPlaces = precision; }
@@ -59,7 +64,7 @@ public:
     UnitFraction* unitFraction() const noexcept;
     void setUnitFraction(const UnitFraction* fraction);
 
-    void setUnitNameFormats(UnitNameFormats formats) { nameFormats = std::move(formats); }
+    void setUnitNameFormats(const UnitNameFormats& formats) { nameFormats.assign(formats.begin(), formats.end()); }
     TBFUnitFormatType nameFormat(const Unit& unit) const; // 0 without an entry
 
     // Whether both read the same at the larger of the two precisions. Results without text compare by
@@ -80,7 +85,7 @@ private:
     TBFEvaluationError stoppedBy = TBFEvaluationErrorNone;
     uint32_t flagBits = 0;
     Ref<UnitFraction> fraction;
-    UnitNameFormats nameFormats;
+    std::vector<std::pair<tbf::StringId<Unit>, TBFUnitFormatType>> nameFormats; // few, and kept for each line
 };
 
 } // namespace TBF

@@ -16,6 +16,10 @@ namespace {
 
 constexpr uint8_t decimalBase = 10;
 
+// A value of more digits before its point is shown in scientific form, whatever the options say: nobody reads
+// them, and a short document may have a thousand such answers.
+constexpr int32_t mostWholeDigits = 10'000;
+
 // value * 10^-exponent.
 Decimal scaledDown(M_APM value, int32_t exponent) {
     const Decimal factor(("1E" + std::to_string(-exponent)).c_str());
@@ -41,7 +45,15 @@ int32_t ResultFormatter::shownExponent(int32_t scientificExponent) const {
         return 0;
     }
     if (scientificExponent < bigThreshold && scientificExponent > -smallThreshold) return 0;
+    return inSteps(scientificExponent);
+}
+
+int32_t ResultFormatter::inSteps(int32_t scientificExponent) const {
     return scientificExponent - scientificExponent % std::max<int16_t>(1, granularity);
+}
+
+bool ResultFormatter::isEndless(Result& result) {
+    return result.exponent() >= mostWholeDigits;
 }
 
 PooledVector<std::string> ResultFormatter::components(Result& result, uint8_t base, uint16_t decimalPlaces,
@@ -49,6 +61,8 @@ PooledVector<std::string> ResultFormatter::components(Result& result, uint8_t ba
     const M_APM value = result.mapm();
     if (!value) return {};
     const KernelLock lock;
+    const bool endless = m_apm_exponent(value) >= mostWholeDigits;
+    if (endless) base = decimalBase;
     M_APM x = value;
     std::optional<Decimal> rounded;
     std::optional<Decimal> scaled;
@@ -60,7 +74,7 @@ PooledVector<std::string> ResultFormatter::components(Result& result, uint8_t ba
             m_apm_round(x, significantDigits - 1, value);
         }
         const int32_t scientific = m_apm_exponent(x);
-        exponent = shownExponent(scientific);
+        exponent = endless ? inSteps(scientific) : shownExponent(scientific);
         if (exponent != 0) x = scaled.emplace(scaledDown(x, exponent));
         if (significantDigits > 0) places = std::max(0, significantDigits - 1 - scientific + exponent);
     }

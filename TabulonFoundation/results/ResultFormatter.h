@@ -50,6 +50,9 @@ public:
     int16_t snGranularity() const noexcept { return granularity; }
     void setSnGranularity(int16_t exponentStep) noexcept { granularity = exponentStep; }
 
+    // Whether the value has too many digits to be shown in any form but the scientific one.
+    static bool isEndless(Result& result);
+
     // The number; in scientific form the number, "10" and the exponent; nothing without a value. Exactly one
     // of decimal places and significant digits is given, the other one is 0. Bases are 2, 10 and 16.
     PooledVector<std::string> components(Result& result, uint8_t base, uint16_t decimalPlaces,
@@ -61,6 +64,7 @@ private:
     ~ResultFormatter() override = default;
 
     int32_t shownExponent(int32_t scientificExponent) const;
+    int32_t inSteps(int32_t scientificExponent) const;
 
     bool keepsTrailingZeros = false;
     bool groups = false;

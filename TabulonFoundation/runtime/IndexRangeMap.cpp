@@ -9,8 +9,17 @@ Ref<IndexRangeMap> IndexRangeMap::create() {
 }
 
 IndexRangeMap::~IndexRangeMap() {
-    for (void* const value : uniqueValues)
+    for (const auto& [value, count] : valueInstances)
         deallocate(value);
+}
+
+const std::set<void*>& IndexRangeMap::uniqueValuesReference() const {
+    if (!uniqueValues) {
+        uniqueValues = std::make_unique<std::set<void*>>();
+        for (const auto& [value, count] : valueInstances)
+            uniqueValues->insert(value);
+    }
+    return *uniqueValues;
 }
 
 std::size_t IndexRangeMap::segmentAt(int32_t index) const noexcept {
@@ -20,7 +29,7 @@ std::size_t IndexRangeMap::segmentAt(int32_t index) const noexcept {
 
 void IndexRangeMap::addInstance(void* value) {
     if (!value) return;
-    if (++valueInstances[value] == 1) uniqueValues.insert(value);
+    if (++valueInstances[value] == 1) uniqueValues.reset();
 }
 
 void IndexRangeMap::removeInstance(void* value) {
@@ -28,7 +37,7 @@ void IndexRangeMap::removeInstance(void* value) {
     if (!value || instances == valueInstances.end()) return;
     if (--instances->second > 0) return;
     valueInstances.erase(instances);
-    uniqueValues.erase(value);
+    uniqueValues.reset();
     deallocate(value);
 }
 
@@ -104,7 +113,7 @@ std::vector<TBFRange> IndexRangeMap::rangesOf(const void* value) const {
 }
 
 void IndexRangeMap::apply(void (*function)(void* value)) const {
-    for (void* const value : uniqueValues)
+    for (const auto& [value, count] : valueInstances)
         function(value);
 }
 

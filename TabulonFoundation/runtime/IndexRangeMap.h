@@ -14,6 +14,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <set>
 #include <vector>
 
@@ -35,7 +36,8 @@ public:
     void* value(int32_t index) const noexcept;
 
     // Each distinct value but null, in the order of the pointers.
-    const std::set<void*>& uniqueValuesReference() const noexcept { return uniqueValues; }
+    // Borrowed until the next change.
+    const std::set<void*>& uniqueValuesReference() const;
 
     // Sets null over everything.
     void clear() { setValue(nullptr, {0, TBFRangeLengthMax}); }
@@ -69,8 +71,8 @@ private:
 
     std::vector<int32_t> starts{0};
     std::vector<void*> values{nullptr}; // in step with `starts`
-    std::set<void*> uniqueValues;
     std::map<void*, int32_t> valueInstances;
+    mutable std::unique_ptr<std::set<void*>> uniqueValues; // null until asked for, and after a change
     Deallocator deallocator = nullptr;
 };
 

@@ -200,6 +200,7 @@ std::string TKLineCollectionExporter::lineRow(TCLine& line, const Style* style) 
         row += "<td class=\"line_number\">" + std::to_string(line.index() + 1) + "</td>";
     row += "<td class=\"expression\"><pre>" + expressionHTML(line) + "</pre></td><td class=\"answer\">";
     row += result ? utf8(cutAnswer(TKAnswerHTML(*result, line.formattingOptions()), lineLengthLimit)) : blank;
+    if (result) result->dropDerivedForms();
     return row + "</td></tr>\n";
 }
 
@@ -222,14 +223,12 @@ std::string TKLineCollectionExporter::statisticRow(const Style* style) {
 }
 
 std::string TKLineCollectionExporter::expressionHTML(TCLine& line) {
-    const std::shared_ptr<TCParsedExpression> parsed = line.parsedExpression();
-    const bool keepsTokens = !parsed || parsed->hasTokens();
     const TKFormattableText source(line.expressionString().value_or(u""));
     TKFormattableText destination(line.expressionString().value_or(u""));
     formatter->formatLinesAtIndexes({line.index()}, source, destination, std::string_view("HTML"));
 
-    // Tokens that were made for this row alone would otherwise stay until the whole page stands.
-    if (!keepsTokens) parsed->dropTokens();
+    // What was made for this row alone would otherwise stay until the whole page stands.
+    line.dropForms();
     return utf8(destination.string());
 }
 

@@ -3,6 +3,7 @@
 #include "CommandFailure.h"
 #include "document/FileReader.h"
 #include "input/UTF8Validation.h"
+#include "lines/TCLineCollection.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -18,6 +19,7 @@ constexpr std::string_view documentStart = "<?xml";
 
 // Each line of a text takes many times its length once it is analysed.
 constexpr std::size_t maxTextSize = std::size_t{64} << 20;
+constexpr std::size_t maxLines = TCLineCollection::mostLines;
 
 class OpenFile {
 public:
@@ -91,6 +93,9 @@ bool isDocumentFile(const std::string& file) {
 
 std::string_view validatedText(const std::string& file, std::string_view bytes) {
     const std::string_view text = withoutByteOrderMark(bytes);
+    const auto ends = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+    if (ends + (text.empty() || text.back() == '\n' ? 0 : 1) > maxLines)
+        fail(file, "is too large: a text has at most " + std::to_string(maxLines) + " lines");
     const std::size_t invalid = firstInvalidUTF8(text);
     if (invalid < text.size()) fail(file, "is not valid UTF-8" + inLine(text, invalid));
     const std::size_t nul = text.find('\0');

@@ -12,6 +12,7 @@ AnswerText answerTextOf(TCLine& line) {
         return {std::nullopt, TBF::utf8(errorStringForTCResultErrorType(result->errorType()))};
     const auto text =
         TCResultFormatter::sharedInstance().stringValueForResult(result.get(), line.formattingOptions());
+    result->dropDerivedForms(); // or else those of all lines would stay
     if (!text || text->empty()) return {};
     return {TBF::utf8(*text), std::nullopt};
 }

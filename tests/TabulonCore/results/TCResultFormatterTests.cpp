@@ -138,6 +138,36 @@ TEST(TCResultFormatter, EachOptionChangesTheShape) {
     }
 }
 
+// A short document could otherwise ask for a page of gigabytes.
+TEST(TCResultFormatter, MoreThanTenThousandDigitsAreScientificWhateverTheOptions) {
+    const std::string most(10'000, '7');
+    Options never;
+    never.setScientificNotationMode(0);
+    never.setThousandsSeparator(false);
+    EXPECT_EQ(text(most, never), most);
+    const Row rows[] = {
+        {"never scientific", [](Options& o) { o.setScientificNotationMode(0); }, most + "7",
+         "7.7777777778e10000"},
+        {"never, negative", [](Options& o) { o.setScientificNotationMode(0); }, "-" + most + "7",
+         "-7.7777777778e10000"},
+        {"hexadecimal",
+         [](Options& o) {
+             o.setDisplayFormat(TCDisplayFormatBase);
+             o.setDisplayBase(16);
+         },
+         most + "7", "7.7777777778e10000"},
+        {"fraction", [](Options& o) { o.setDisplayFormat(TCDisplayFormatFraction); }, most + "7.5",
+         "7.7777777778e10000"},
+        {"degrees", [](Options& o) { o.setDisplayFormat(TCDisplayFormatDegreesMinutesSeconds); },
+         most + "7.5", "7.7777777778e10000"},
+    };
+    for (const Row& row : rows) {
+        Options options;
+        row.change(options);
+        EXPECT_EQ(text(row.value, options), row.expected) << row.name;
+    }
+}
+
 TEST(TCResultFormatter, RangesCoverTheParts) {
     Options options;
     options.setScientificNotationBaseString(u"×10");

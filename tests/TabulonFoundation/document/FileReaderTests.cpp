@@ -238,6 +238,21 @@ TEST(FileReader, survivesHostileFiles) {
     }
 }
 
+TEST(FileReader, refusesMoreThanAMillionLines) {
+    const auto linesOf = [](std::size_t count) {
+        std::string text = "<lines>";
+        for (std::size_t i = 0; i < count; ++i)
+            text += "<line/>";
+        return document(text + "</lines>");
+    };
+    TBF::FileReader most("many");
+    EXPECT_TRUE(most.readMemory(linesOf(TBF::FileLinesNode::mostLines))) << most.failureSentence();
+    EXPECT_EQ(most.lines()->count(), TBF::FileLinesNode::mostLines);
+    TBF::FileReader more("many");
+    EXPECT_FALSE(more.readMemory(linesOf(TBF::FileLinesNode::mostLines + 1)));
+    EXPECT_EQ(more.failureSentence(), "'many' has more than 1000000 lines.");
+}
+
 TEST(FileReader, fetchesNoExternalDefinitions) {
     TBF::FileReader reader("x");
     EXPECT_TRUE(reader.readMemory(declaration +

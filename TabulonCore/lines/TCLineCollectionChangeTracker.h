@@ -47,7 +47,11 @@ public:
     void registerChange(const TCLineCollectionChange& change) { changes.push_back(change); }
     void registerChangeOfAllLines() { allLinesChanged = true; }
     void reset() {
-        changes.clear();
+        // The changes of a whole document's loading leave no room behind.
+        if (changes.size() > 1000)
+            changes = std::vector<TCLineCollectionChange>();
+        else
+            changes.clear();
         allLinesChanged = false;
     }
     bool hasChanges() const { return allLinesChanged || !changes.empty(); }

@@ -141,11 +141,6 @@ std::shared_ptr<TCLine> TCLineCollectionVariable::ownerLineForLineAtIndex(std::s
     return behind == owners->ranges.begin() ? nullptr : std::prev(behind)->second;
 }
 
-std::shared_ptr<TCLine> TCLineCollectionVariable::ownerLineForLineAtIndex(std::size_t index) const {
-    const auto behind = ranges.upper_bound(static_cast<int64_t>(index));
-    return behind == ranges.begin() ? nullptr : std::prev(behind)->second;
-}
-
 void TCLineCollectionVariable::beginBatchOwnerLinesChange() {
     previousOnlyOwner = onlyOwner;
     previous = nullptr;

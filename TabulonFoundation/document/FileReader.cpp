@@ -244,7 +244,8 @@ bool FileReader::parse(std::string_view bytes) {
                                                    std::string(FileContents::rootName) + ">");
     }
     if (feed.hasTooManyNames()) return fail(FileReaderErrorBadContent, "has over 10,000 different names");
-    if (status != 0 || !context->wellFormed || run.hasTooManyLines) return fail(FileReaderErrorBadContent, reasonOf(run));
+    if (status != 0 || !context->wellFormed || run.hasTooManyLines)
+        return fail(FileReaderErrorBadContent, reasonOf(run));
     infoNode = std::move(run.contents.info);
     settingsNode = std::move(run.contents.settings);
     linesNode = std::move(run.contents.lines);

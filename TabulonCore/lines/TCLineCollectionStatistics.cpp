@@ -29,8 +29,7 @@ std::u16string text(uint32_t number) {
     return TBF::utf16(std::to_string(number));
 }
 
-std::shared_ptr<TCEvaluator> evaluatorFor(const TCLineCollection* collection) {
-    const std::shared_ptr<TCEnvironment> environment = collection ? collection->environment() : nullptr;
+std::shared_ptr<TCEvaluator> evaluatorFor(const std::shared_ptr<TCEnvironment>& environment) {
     if (!environment) return std::make_shared<TCEvaluator>();
     return std::make_shared<TCEvaluator>(environment->unitManager(), environment->variables());
 }
@@ -45,7 +44,12 @@ std::u16string TCStatisticTitle(int32_t type) {
 
 TCLineCollectionStatistics::TCLineCollectionStatistics(std::shared_ptr<TCLineCollection> lineCollection)
     : collection(std::move(lineCollection))
-    , evaluator(evaluatorFor(collection.get())) {}
+    , evaluator(evaluatorFor(collection ? collection->environment() : nullptr)) {}
+
+TCLineCollectionStatistics::TCLineCollectionStatistics(std::shared_ptr<TCLineCollection> lineCollection,
+                                                       const std::shared_ptr<TCEnvironment>& environment)
+    : collection(std::move(lineCollection))
+    , evaluator(evaluatorFor(environment)) {}
 
 TCLineCollectionStatistics::TCLineCollectionStatistics(std::shared_ptr<TCLineCollection> lineCollection,
                                                        std::shared_ptr<TCEvaluator> ownEvaluator)

@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 
+class TCEnvironment;
 class TCEvaluator;
 class TCExpression;
 class TCLineCollection;
@@ -28,8 +29,11 @@ std::u16string TCStatisticTitle(int32_t type);
 
 class TCLineCollectionStatistics {
 public:
-    // Evaluates with the names of the collection's environment, or with an evaluator of its own.
+    // Evaluates with the names of the collection's environment or another one, or with an evaluator of its
+    // own.
     explicit TCLineCollectionStatistics(std::shared_ptr<TCLineCollection> lineCollection);
+    TCLineCollectionStatistics(std::shared_ptr<TCLineCollection> lineCollection,
+                               const std::shared_ptr<TCEnvironment>& environment);
     TCLineCollectionStatistics(std::shared_ptr<TCLineCollection> lineCollection,
                                std::shared_ptr<TCEvaluator> evaluator);
 

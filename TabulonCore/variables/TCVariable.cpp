@@ -2,6 +2,7 @@
 
 #include "bundle/LocalizedStrings.h"
 #include "environment/TCEvaluator.h"
+#include "environment/TCWarnLog.h"
 #include "eval/variables/Variable.h"
 #include "expressions/TCExpression.h"
 #include "results/TCResult.h"
@@ -217,6 +218,14 @@ platform::PropertyList TCVariable::dictionaryRepresentation() const {
     return dictionary;
 }
 
+void TCVariable::loadFromDictionaryRepresentation(const platform::PropertyList&) {
+    TCWarnLog("Shouldn't be called, does nothing");
+}
+
+void TCVariable::setValueForUndefinedKey(const platform::PropertyList&, std::string_view key) {
+    TCWarnLog("Warning trying to set key %s on a variable", std::string(key).c_str());
+}
+
 void TCVariable::setEnabled(bool enable) {
     if (enable == isEnabled) return;
     isEnabled = enable;
@@ -273,7 +282,7 @@ bool TCVariable::validateName(const std::optional<std::u16string>& name, TCVaria
     return false;
 }
 
-bool TCVariable::validateValue(std::optional<std::u16string>& text) const {
+bool TCVariable::validateValue(std::optional<std::u16string>& text, TCVariableNameError*) const {
     if (!text) {
         text = u"1.0";
         return true;

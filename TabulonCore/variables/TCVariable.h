@@ -104,6 +104,10 @@ public:
     // The form in which a variable is saved.
     platform::PropertyList dictionaryRepresentation() const;
 
+    // A saved variable is read by who knows its units (TKVariablesManager): both log, and change nothing.
+    void loadFromDictionaryRepresentation(const platform::PropertyList& dictionary);
+    void setValueForUndefinedKey(const platform::PropertyList& value, std::string_view key);
+
     // Only an enabled variable is found by expressions.
     bool enabled() const { return isEnabled; }
     void setEnabled(bool enable);
@@ -128,8 +132,8 @@ public:
     // Whether a variable may have this name; if not, `error`, which may be null, says why.
     static bool validateName(const std::optional<std::u16string>& name, TCVariableNameError* error);
 
-    // Puts the number that the text comes to in its place; always true.
-    bool validateValue(std::optional<std::u16string>& text) const;
+    // Puts the number that the text comes to in its place; always true, so that nothing fills `error` in.
+    bool validateValue(std::optional<std::u16string>& text, TCVariableNameError* error = nullptr) const;
 
     // Not owned; the list takes itself out. May be null.
     TCVariableList* variableList() const { return owningList; }

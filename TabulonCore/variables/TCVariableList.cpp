@@ -8,6 +8,7 @@
 #include "units/UnitContainer.h"
 #include "variables/TCVariable.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -42,6 +43,8 @@ std::shared_ptr<TCVariableList> TCVariableList::sharedList() {
 }
 
 void TCVariableList::setParentList(std::shared_ptr<TCVariableList> newParent) {
+    for (const TCVariableList* each = newParent.get(); each; each = each->parent.get())
+        if (each == this) return;
     parent = std::move(newParent);
     TBFVariableListSetParentList(list.get(), parent ? parent->tbfVariableList() : nullptr);
     registerStateChange();
@@ -92,8 +95,28 @@ std::shared_ptr<TCVariable> TCVariableList::variableWithName(std::u16string_view
     const TBF::VariableList::Match match = list->find(*TBF::String::create(name));
     if (!match.variable || (!caseInsensitive && !match.exactCase) || (!searchParentList && match.fromParent))
         return nullptr;
+    for (const TCVariableList* each = this; each; each = each->parent.get())
+        if (auto variable = each->listedVariable(*match.variable)) return variable;
     auto* const variable = static_cast<TCVariable*>(match.variable->wrapperObject());
     return variable ? variable->weak_from_this().lock() : nullptr;
+}
+
+// Lists that share a foundation variable, as a standard one, each have an object of their own over it.
+std::shared_ptr<TCVariable> TCVariableList::listedVariable(const TBF::Variable& variable) const {
+    if (!variable.name()) return nullptr;
+    const auto [first, last] = listed.equal_range(variable.name()->utf16());
+    const auto place = std::find_if(
+        first, last, [&](const auto& entry) { return entry.second->tbfVariable() == &variable; });
+    return place == last ? nullptr : place->second;
+}
+
+// The name may be out of date for a variable that was renamed while another list was the one it tells.
+TCVariableList::Listed::const_iterator TCVariableList::placeOf(const TCVariable& variable,
+                                                               const std::u16string& name) const {
+    const auto isIt = [&](const auto& entry) { return entry.second.get() == &variable; };
+    const auto [first, last] = listed.equal_range(name);
+    const auto place = std::find_if(first, last, isIt);
+    return place != last ? place : std::find_if(listed.begin(), listed.end(), isIt);
 }
 
 bool TCVariableList::containsVariableWithName(std::u16string_view name) const {
@@ -152,50 +175,66 @@ void TCVariableList::addVariableWithName(std::u16string_view name, std::optional
 
 void TCVariableList::addVariableWithoutAddingToTBFVariableList(const std::shared_ptr<TCVariable>& variable) {
     if (!variable) return;
-    std::shared_ptr<TCVariable>& place = listed[keyOf(*variable)];
-    if (place && place != variable) {
-        TBFVariableListRemoveVariable(list.get(), place->tbfVariable());
-        place->setVariableList(nullptr);
+    const std::shared_ptr<TCVariable> held = variable; // the argument may stand in `listed`
+    std::u16string name = keyOf(*held);
+    for (auto place = listed.find(name); place != listed.end(); place = listed.find(name)) {
+        if (place->second != held) TBFVariableListRemoveVariable(list.get(), place->second->tbfVariable());
+        letGo(place);
     }
-    place = variable;
-    variable->setVariableList(this);
+    if (held->variableList()) // it may be listed here under the name it had
+        if (const auto place = placeOf(*held, name); place != listed.end()) listed.erase(place);
+    listed.emplace(std::move(name), held);
+    held->setVariableList(this);
     registerStateChange();
 }
 
 void TCVariableList::removeVariable(const std::shared_ptr<TCVariable>& variable) {
     if (!variable) return;
     const std::shared_ptr<TCVariable> held = variable; // the argument may stand in `listed`
-    const auto place = listed.find(keyOf(*held));
-    if (place == listed.end() || place->second != held) return;
-    listed.erase(place);
-    TBFVariableListRemoveVariable(list.get(), held->tbfVariable());
-    held->setVariableList(nullptr);
+    const auto place = placeOf(*held, keyOf(*held));
+    if (place == listed.end()) return;
+    letGo(place);
+    removeFromTBFVariableList(*held);
     registerStateChange();
 }
 
+// Takes the entry out; the variable no longer tells this list of its changes.
+void TCVariableList::letGo(Listed::const_iterator place) {
+    if (place->second->variableList() == this) place->second->setVariableList(nullptr);
+    listed.erase(place);
+}
+
+// Another enabled variable of the name that stood behind it is found again.
+void TCVariableList::removeFromTBFVariableList(const TCVariable& variable) {
+    TBFVariableListRemoveVariable(list.get(), variable.tbfVariable());
+    const auto [first, last] = listed.equal_range(keyOf(variable));
+    const auto next = std::find_if(first, last, [&](const auto& entry) {
+        return entry.second.get() != &variable && entry.second->enabled();
+    });
+    if (next != last) TBFVariableListAddVariable(list.get(), next->second->tbfVariable());
+}
+
 void TCVariableList::removeAllVariables() {
-    for (const auto& [name, variable] : listed)
-        variable->setVariableList(nullptr);
-    listed.clear();
+    while (!listed.empty())
+        letGo(listed.begin());
     TBFVariableListRemoveAll(list.get());
 }
 
 void TCVariableList::variableDidUpdateName(TCVariable& variable, const std::optional<std::u16string>& oldName,
                                            const std::u16string& newName) {
     if (oldName == newName) return;
-    const auto place = listed.find(oldName.value_or(std::u16string()));
-    if (place != listed.end() && place->second.get() == &variable) {
+    const auto place = placeOf(variable, oldName.value_or(std::u16string()));
+    if (place != listed.end()) {
         auto entry = listed.extract(place);
         entry.key() = newName;
-        listed.erase(newName);
         listed.insert(std::move(entry));
     }
     registerStateChange();
-    if (observer) observer->variableDidUpdateInVariableList(variable, *this);
+    tellDelegate(variable);
 }
 
 void TCVariableList::variableDidUpdateValue(TCVariable& variable) {
-    if (observer) observer->variableDidUpdateInVariableList(variable, *this);
+    tellDelegate(variable);
 }
 
 void TCVariableList::variableDidChangeEnabledState(TCVariable& variable, bool enabled) {
@@ -203,6 +242,21 @@ void TCVariableList::variableDidChangeEnabledState(TCVariable& variable, bool en
     if (enabled)
         TBFVariableListAddVariable(list.get(), variable.tbfVariable());
     else
-        TBFVariableListRemoveVariable(list.get(), variable.tbfVariable());
+        removeFromTBFVariableList(variable);
+    tellDelegate(variable);
+}
+
+bool TCVariableList::variableCanChangeNameTo(const TCVariable&, std::u16string_view) const {
+    return true;
+}
+
+// Names are found in any case, whatever a variable says.
+void TCVariableList::variableDidChangeCaseSensitiveState(TCVariable&, bool) {}
+
+void TCVariableList::_setVariableIsCaseSensitive(TCVariable&, bool) {}
+
+// Last in every operation: the delegate may take the variable out, or let go of the list.
+void TCVariableList::tellDelegate(TCVariable& variable) {
+    const std::shared_ptr<TCVariable> held = variable.weak_from_this().lock();
     if (observer) observer->variableDidUpdateInVariableList(variable, *this);
 }

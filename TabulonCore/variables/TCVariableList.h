@@ -38,7 +38,8 @@ public:
     // That of the current environment; null without one.
     static std::shared_ptr<TCVariableList> sharedList();
 
-    // Names that aren't here are looked up in the parent. May be null.
+    // Names that aren't here are looked up in the parent. May be null; a list that has this one behind it
+    // isn't taken.
     void setParentList(std::shared_ptr<TCVariableList> list);
 
     // Goes up with every change of the list, though not with the values.
@@ -74,8 +75,8 @@ public:
     void addAliasForVariableWithName(std::u16string_view alias, std::u16string_view name);
     void removeVariableWithName(std::u16string_view name);
 
-    // Expressions find a variable that is enabled. A variable of the same name is replaced. Null does
-    // nothing.
+    // Expressions find a variable that is enabled, and of several enabled ones of a name that which came
+    // last. Adding replaces what was listed under the very name. Null does nothing.
     void addVariable(const std::shared_ptr<TCVariable>& variable);
     void addVariableWithName(std::u16string_view name, std::optional<std::u16string> value);
     void addVariableWithoutAddingToTBFVariableList(const std::shared_ptr<TCVariable>& variable);
@@ -91,15 +92,28 @@ public:
                                const std::u16string& newName);
     void variableDidUpdateValue(TCVariable& variable);
     void variableDidChangeEnabledState(TCVariable& variable, bool enabled);
+    bool variableCanChangeNameTo(const TCVariable& variable, std::u16string_view name) const; // always true
+    void variableDidChangeCaseSensitiveState(TCVariable& variable, bool isCaseSensitive);     // does nothing
+    void _setVariableIsCaseSensitive(TCVariable& variable, bool isCaseSensitive);             // does nothing
 
     // Borrowed; never null.
     TBFVariableListRef tbfVariableList() const { return list.get(); }
     TBFVariableListRef combinedTBFVariableList() const { return list.get(); }
 
 private:
+    using Listed = std::unordered_multimap<std::u16string, std::shared_ptr<TCVariable>>;
+
+    Listed::const_iterator placeOf(const TCVariable& variable, const std::u16string& name) const;
+    std::shared_ptr<TCVariable> listedVariable(const TBF::Variable& variable) const;
+    void letGo(Listed::const_iterator place);
+    void removeFromTBFVariableList(const TCVariable& variable);
+    void tellDelegate(TCVariable& variable);
+
     TBF::Ref<TBF::VariableList> list;
     std::shared_ptr<TCVariableList> parent;
-    std::unordered_map<std::u16string, std::shared_ptr<TCVariable>> listed; // by exact name
+
+    // By exact name. Those of one name are a variable and disabled ones that it was renamed like.
+    Listed listed;
     uint64_t changes = 0;
     TCVariableListDelegate* observer = nullptr;
 };

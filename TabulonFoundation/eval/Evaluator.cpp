@@ -2,6 +2,7 @@
 
 #include "analysis/ContextualAnalyzer.h"
 #include "analysis/Expression.h"
+#include "analysis/ExpressionToken.h"
 #include "analysis/ExpressionTokenizer.h"
 #include "analysis/Namespace.h"
 #include "analysis/wordoperators/WordOperatorList.h"
@@ -16,9 +17,11 @@
 #include "numbers/TBFMAPMExtensions.h"
 #include "numbers/Value.h"
 #include "numbers/WorkBudget.h"
+#include "parser/ExpressionNodeTreePrinter.h"
 #include "parser/ParsedExpression.h"
 #include "parser/Parser.h"
 #include "results/Result.h"
+#include "runtime/Array.h"
 #include "runtime/String.h"
 #include "runtime/TBFLog.h"
 #include "units/UnitCollection.h"
@@ -112,7 +115,23 @@ Ref<Result> Evaluator::evaluate(const String& text, int32_t scope) {
     return evaluate(std::span<const Ref<ExpressionToken>>(analyzer->analyze(*tokenized, scope)));
 }
 
+void Evaluator::setDebugEnabled(bool enabled) {
+    if (!enabled) {
+        debugging.reset();
+    } else if (!debugging) {
+        debugging = std::make_unique<EvaluatorDebugInfo>();
+    }
+}
+
+Ref<Result> Evaluator::evaluate(const Array& tokens) {
+    ExpressionTokenList held;
+    for (void* const item : tokens.contents())
+        if (item) held.push_back(retain(static_cast<ExpressionToken*>(item)));
+    return evaluate(std::span<const Ref<ExpressionToken>>(held));
+}
+
 Ref<Result> Evaluator::evaluate(std::span<const Ref<ExpressionToken>> tokens) {
+    if (debugging) debugging->treeString.clear();
     const Ref<ExpressionTree> tree = Parser::create()->parse(tokens);
     return tree ? evaluate(*tree) : nullptr;
 }
@@ -123,6 +142,7 @@ Ref<Result> Evaluator::evaluate(const ParsedExpression& expression) {
 }
 
 Ref<Result> Evaluator::evaluate(const ExpressionTree& tree) {
+    if (debugging) debugging->treeString = ExpressionNodeTreePrinter::create(retain(tree.root()))->string();
     const auto context = EvaluationContext::create(mode);
     context->setContextInfo(info);
     const WorkBudget work(budget);

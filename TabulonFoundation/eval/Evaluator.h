@@ -8,10 +8,13 @@
 #include "runtime/Ref.h"
 
 #include <cstdint>
+#include <memory>
 #include <span>
+#include <string>
 
 namespace TBF {
 
+class Array;
 class EvaluationContext;
 class ExpressionToken;
 class ExpressionTree;
@@ -23,6 +26,12 @@ class UnitCollection;
 class Value;
 class VariableList;
 class WordOperatorList;
+
+// What an evaluator tells of its last evaluation.
+class EvaluatorDebugInfo {
+public:
+    std::string treeString; // as ExpressionNodeTreePrinter writes it
+};
 
 class Evaluator {
 public:
@@ -55,13 +64,19 @@ public:
     // the text is analyzed, -1 for none.
     Ref<Result> evaluate(const String& text, int32_t scope = -1);
     Ref<Result> evaluate(std::span<const Ref<ExpressionToken>> tokens);
+    Ref<Result> evaluate(const Array& tokens); // of ExpressionToken; nulls are left out
     Ref<Result> evaluate(const ParsedExpression& expression);
     Ref<Result> evaluate(const ExpressionTree& tree);
 
+    // Null unless it is enabled. Borrowed.
+    void setDebugEnabled(bool enabled);
+    EvaluatorDebugInfo* debugInfo() const noexcept { return debugging.get(); }
+
 private:
     bool ignoresUndefined = true;
-    WordOperatorList* wordOperators = nullptr; // borrowed
-    FunctionList* functions = nullptr;         // borrowed
+    std::unique_ptr<EvaluatorDebugInfo> debugging; // null while diagnostics are off
+    WordOperatorList* wordOperators = nullptr;     // borrowed
+    FunctionList* functions = nullptr;             // borrowed
     Ref<UnitCollection> units;
     VariableList* variables = nullptr; // borrowed
     int32_t mode = TBFTrigonometryModeRadians;

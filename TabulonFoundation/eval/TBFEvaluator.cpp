@@ -68,7 +68,28 @@ TBF::Result* TBFEvaluatorEvaluateExpressionTokensInScope(TBFEvaluatorRef evaluat
     return evaluator ? evaluator->evaluate(tokens).leak() : nullptr;
 }
 
+TBF::Result* TBFEvaluatorEvaluateExpressionTokensInScope(TBFEvaluatorRef evaluator, const TBF::Array* tokens,
+                                                         int32_t) {
+    return evaluator && tokens ? evaluator->evaluate(*tokens).leak() : nullptr;
+}
+
 TBF::Result* TBFEvaluatorEvaluateParsedExpressionInScope(TBFEvaluatorRef evaluator,
                                                          const TBF::ParsedExpression* expression, int32_t) {
     return evaluator && expression ? evaluator->evaluate(*expression).leak() : nullptr;
+}
+
+void TBFEvaluatorSetDebugEnabled(TBFEvaluatorRef evaluator, bool enabled) {
+    if (evaluator) evaluator->setDebugEnabled(enabled);
+}
+
+bool TBFEvaluatorGetDebugEnabled(const Evaluator* evaluator) {
+    return evaluator && evaluator->debugInfo();
+}
+
+TBFEvaluatorDebugInfoRef TBFEvaluatorGetDebugInfo(TBFEvaluatorRef evaluator) {
+    return evaluator ? evaluator->debugInfo() : nullptr;
+}
+
+const char* TBFEvaluatorDebugInfoGetTreeString(const TBF::EvaluatorDebugInfo* info) {
+    return info ? info->treeString.c_str() : nullptr;
 }

@@ -10,7 +10,9 @@
 #include <vector>
 
 namespace TBF {
+class Array;
 class Evaluator;
+class EvaluatorDebugInfo;
 class ExpressionToken;
 class FunctionList;
 class ParsedExpression;
@@ -21,6 +23,7 @@ class VariableList;
 class WordOperatorList;
 } // namespace TBF
 using TBFEvaluatorRef = TBF::Evaluator*;
+using TBFEvaluatorDebugInfoRef = TBF::EvaluatorDebugInfo*;
 
 // Create. The caller owns the evaluator, which isn't counted.
 TBFEvaluatorRef TBFEvaluatorCreate();
@@ -45,6 +48,15 @@ TBF::Result* TBFEvaluatorEvaluateStringInScope(TBFEvaluatorRef evaluator, const 
 TBF::Result* TBFEvaluatorEvaluateExpressionTokensInScope(TBFEvaluatorRef evaluator,
                                                          const TBF::ExpressionTokenList& tokens,
                                                          int32_t scope);
+TBF::Result* TBFEvaluatorEvaluateExpressionTokensInScope(TBFEvaluatorRef evaluator, const TBF::Array* tokens,
+                                                         int32_t scope);
 TBF::Result* TBFEvaluatorEvaluateParsedExpressionInScope(TBFEvaluatorRef evaluator,
                                                          const TBF::ParsedExpression* expression,
                                                          int32_t scope);
+
+// Diagnostics, off at first: the tree of the last evaluation, as the tree printer writes it. Borrowed until
+// the next evaluation; empty before the first one, and after a text that gave no tree.
+void TBFEvaluatorSetDebugEnabled(TBFEvaluatorRef evaluator, bool enabled);
+bool TBFEvaluatorGetDebugEnabled(const TBF::Evaluator* evaluator);
+TBFEvaluatorDebugInfoRef TBFEvaluatorGetDebugInfo(TBFEvaluatorRef evaluator); // null while it is off
+const char* TBFEvaluatorDebugInfoGetTreeString(const TBF::EvaluatorDebugInfo* info);

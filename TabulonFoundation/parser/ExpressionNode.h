@@ -135,8 +135,6 @@ public:
     void setChildren(ExpressionNode* left, ExpressionNode* right);
     void setChildren_TransferOwnership(Ref<ExpressionNode> left, Ref<ExpressionNode> right);
 
-    Children childNodes() const noexcept { return nodes.view(); }
-
 protected:
     explicit BaseOperatorNode(TBFExpressionNodeType type) noexcept
         : ExpressionNode(type) {}

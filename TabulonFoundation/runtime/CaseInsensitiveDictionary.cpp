@@ -49,7 +49,7 @@ void CaseInsensitiveDictionary::setItem(void* item, String& key, String& lowerca
         return;
     }
     if (!item) {
-        remove(*node, lowercaseKey);
+        remove(*node);
         return;
     }
     if (node->caseSensitive != caseSensitive) {
@@ -69,8 +69,8 @@ void CaseInsensitiveDictionary::setItem(void* item, String& key, String& lowerca
 void CaseInsensitiveDictionary::add(void* item, String& key, String& lowercaseKey, bool caseSensitive) {
     Siblings& siblings = itemsByLowercaseKey[TBF::retain(&lowercaseKey)];
     const bool anyCase = siblings.empty() && !caseSensitive;
-    Node& node = *siblings.emplace_back(
-        std::make_unique<Node>(Node{item, nullptr, TBF::retain(&key), nullptr, caseSensitive}));
+    Node& node = *siblings.emplace_back(std::make_unique<Node>(
+        Node{item, nullptr, TBF::retain(&key), TBF::retain(&lowercaseKey), nullptr, caseSensitive}));
     if (anyCase) {
         store(node, caseInsensitiveItems, lowercaseKey);
     } else {
@@ -83,21 +83,22 @@ void CaseInsensitiveDictionary::addSecondSpelling(Node& first, void* item, Strin
     takeOut(first);
     store(first, caseSensitiveItems, *first.givenKey);
     Siblings& siblings = itemsByLowercaseKey[TBF::retain(&lowercaseKey)];
-    Node& node = *siblings.emplace_back(
-        std::make_unique<Node>(Node{item, nullptr, TBF::retain(&key), nullptr, caseSensitive}));
+    Node& node = *siblings.emplace_back(std::make_unique<Node>(
+        Node{item, nullptr, TBF::retain(&key), TBF::retain(&lowercaseKey), nullptr, caseSensitive}));
     store(node, caseSensitiveItems, key);
 }
 
-void CaseInsensitiveDictionary::remove(Node& node, String& lowercaseKey) {
+void CaseInsensitiveDictionary::remove(Node& node) {
     takeOut(node);
-    Siblings& siblings = itemsByLowercaseKey[TBF::retain(&lowercaseKey)];
+    const Ref<String> lowercaseKey = node.siblingsKey;
+    Siblings& siblings = itemsByLowercaseKey[lowercaseKey];
     std::erase_if(siblings, [&node](const std::unique_ptr<Node>& sibling) { return sibling.get() == &node; });
     if (siblings.size() != 1) return;
     // The only spelling that is left is found in any case again.
     Node& last = *siblings.front();
     if (last.storedDictionary != &caseSensitiveItems || last.caseSensitive) return;
     takeOut(last);
-    store(last, caseInsensitiveItems, lowercaseKey);
+    store(last, caseInsensitiveItems, *lowercaseKey);
 }
 
 void* CaseInsensitiveDictionary::find(const HashedText& key, const HashedText& lowercaseKey,
@@ -132,10 +133,14 @@ std::vector<void*> CaseInsensitiveDictionary::items() const {
 }
 
 void CaseInsensitiveDictionary::apply(void (*function)(void* item)) const {
+    std::vector<void*> present;
+    present.reserve(caseSensitiveItems.size() + caseInsensitiveItems.size());
     for (const auto& [key, node] : caseSensitiveItems)
-        function(node->item);
+        present.push_back(node->item);
     for (const auto& [key, node] : caseInsensitiveItems)
-        function(node->item);
+        present.push_back(node->item);
+    for (void* const item : present)
+        function(item);
 }
 
 void CaseInsensitiveDictionary::removeAll() {

@@ -43,8 +43,8 @@ public:
     // The items that any casing finds, then the others.
     std::vector<void*> items() const;
 
-    // Calls `function(item)` on the items that need their exact key, then on the others. The function
-    // must not set anything.
+    // Calls `function(item)` on the items that need their exact key, then on the others, as they stand at
+    // first; it may change them.
     void apply(void (*function)(void* item)) const;
 
     void removeAll();
@@ -58,8 +58,9 @@ private:
 
     struct Node {
         void* item;
-        Ref<String> storedKey; // the key in its dictionary
-        Ref<String> givenKey;  // the key as it was given
+        Ref<String> storedKey;   // the key in its dictionary
+        Ref<String> givenKey;    // the key as it was given
+        Ref<String> siblingsKey; // the lowercase key under which it is owned
         Nodes* storedDictionary;
         bool caseSensitive;
     };
@@ -73,7 +74,7 @@ private:
 
     void add(void* item, String& key, String& lowercaseKey, bool caseSensitive);
     void addSecondSpelling(Node& first, void* item, String& key, String& lowercaseKey, bool caseSensitive);
-    void remove(Node& node, String& lowercaseKey);
+    void remove(Node& node);
 
     HashFilter storedKeys;      // of both
     Nodes caseSensitiveItems;   // found by their exact key

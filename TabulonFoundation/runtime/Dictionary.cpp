@@ -1,5 +1,8 @@
 #include "runtime/Dictionary.h"
 
+#include <utility>
+#include <vector>
+
 namespace TBF {
 
 Ref<Dictionary> Dictionary::create() {
@@ -18,6 +21,12 @@ void Dictionary::setValue(void* value, String* key) {
 void Dictionary::removeValue(std::u16string_view key) {
     const auto found = entries.find(key);
     if (found != entries.end()) entries.erase(found);
+}
+
+void Dictionary::apply(void (*function)(String* key, void* value, void* context), void* context) const {
+    const std::vector<std::pair<Ref<String>, void*>> present(entries.begin(), entries.end());
+    for (const auto& [key, value] : present)
+        function(key.get(), value, context);
 }
 
 } // namespace TBF

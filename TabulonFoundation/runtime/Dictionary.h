@@ -27,6 +27,9 @@ public:
     void removeValue(std::u16string_view key);
     void removeAll() { entries.clear(); }
 
+    // Calls `function(key, value, context)` on the entries that stand here at first; it may change them.
+    void apply(void (*function)(String* key, void* value, void* context), void* context) const;
+
     using Entries = std::unordered_map<Ref<String>, void*, StringContentHash, StringContentEqual>;
     const Entries& contents() const noexcept { return entries; }
 

@@ -27,11 +27,11 @@ int32_t TBFArrayCount(const Array* array) {
 }
 
 void TBFArrayGetItems(const Array* array, void** items, int32_t max) {
-    if (array) array->copyItems({0, max}, items);
+    if (array && items) array->copyItems({0, max}, items);
 }
 
 void TBFArrayGetItemsInRange(const Array* array, TBFRange range, void** items) {
-    if (array) array->copyItems(range, items);
+    if (array && items) array->copyItems(range, items);
 }
 
 void* TBFArrayGetItemAtIndex(const Array* array, int32_t index) {
@@ -47,7 +47,7 @@ void TBFArrayAddItem(TBFArrayRef array, void* item) {
 }
 
 void TBFArrayAddItems(TBFArrayRef array, void* const* items, int32_t count) {
-    if (array) array->append(items, count);
+    if (array && items) array->append(items, count);
 }
 
 void TBFArrayAddItemsFromArray(TBFArrayRef array, const Array* other) {
@@ -77,5 +77,5 @@ void TBFArrayApplyItemFunction(const Array* array, void (*function)(void* item))
 }
 
 void TBFArrayApplyItemFunctionInRange(const Array* array, void (*function)(void* item), TBFRange range) {
-    if (array) array->apply(function, range);
+    if (array && function) array->apply(function, range);
 }

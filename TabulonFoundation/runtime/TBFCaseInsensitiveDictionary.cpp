@@ -78,7 +78,7 @@ TBF::Array* TBFCaseInsensitiveDictionaryGetAllItems(const CaseInsensitiveDiction
 
 void TBFCaseInsensitiveDictionaryApplyFunction(const CaseInsensitiveDictionary* dictionary,
                                                void (*function)(void* item)) {
-    if (dictionary) dictionary->apply(function);
+    if (dictionary && function) dictionary->apply(function);
 }
 
 void TBFCaseInsensitiveDictionaryRemoveAllItems(TBFCaseInsensitiveDictionaryRef dictionary) {

@@ -38,7 +38,7 @@ void TBFDictionaryRemoveAllValues(TBFDictionaryRef dictionary) {
 }
 
 void TBFDictionaryGetKeys(const Dictionary* dictionary, String** keys) {
-    if (!dictionary) return;
+    if (!dictionary || !keys) return;
     for (const auto& [key, value] : dictionary->contents())
         *keys++ = key.get();
 }
@@ -49,7 +49,5 @@ void TBFDictionaryApplyFunction(const Dictionary* dictionary, TBFDictionaryFunct
 
 void TBFDictionaryApplyFunctionWithContext(const Dictionary* dictionary, TBFDictionaryFunction function,
                                            void* context) {
-    if (!dictionary) return;
-    for (const auto& [key, value] : dictionary->contents())
-        function(key.get(), value, context);
+    if (dictionary && function) dictionary->apply(function, context);
 }

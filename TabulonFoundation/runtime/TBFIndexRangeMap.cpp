@@ -45,12 +45,12 @@ const std::set<void*>& TBFIndexRangeMapGetUniqueValuesSetReference(const IndexRa
 }
 
 void TBFIndexRangeMapApplyItemFunction(const IndexRangeMap* map, void (*function)(void* value)) {
-    if (map) map->apply(function);
+    if (map && function) map->apply(function);
 }
 
 int32_t TBFIndexRangeMapFindRangesForValue(const IndexRangeMap* map, const void* value, TBFRange* ranges,
                                            int32_t max) {
-    if (!map || max <= 0) return 0;
+    if (!map || !ranges || max <= 0) return 0;
     const std::vector<TBFRange> found = map->rangesOf(value);
     const std::size_t number = std::min(found.size(), static_cast<std::size_t>(max));
     std::copy_n(found.begin(), number, ranges);

@@ -41,13 +41,13 @@ void* TBFQueueLookTail(const Queue* queue) {
 }
 
 uint32_t TBFQueueGetContents(TBFQueueRef queue, void** items, uint32_t max) {
-    return queue ? queue->getContents(items, max) : 0;
+    return queue && items ? queue->getContents(items, max) : 0;
 }
 
 uint32_t TBFQueueLookContents(const Queue* queue, void** items, uint32_t max) {
-    return queue ? queue->lookContents(items, max) : 0;
+    return queue && items ? queue->lookContents(items, max) : 0;
 }
 
 uint32_t TBFQueueLookContentsTail(const Queue* queue, void** items, uint32_t max) {
-    return queue ? queue->lookContentsTail(items, max) : 0;
+    return queue && items ? queue->lookContentsTail(items, max) : 0;
 }

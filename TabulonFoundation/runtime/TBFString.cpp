@@ -18,6 +18,7 @@ std::u16string_view viewOf(const String* string) {
 
 char* mallocBuffer(std::string_view bytes) {
     auto* const buffer = static_cast<char*>(std::malloc(bytes.size() + 1));
+    if (!buffer) return nullptr;
     std::memcpy(buffer, bytes.data(), bytes.size());
     buffer[bytes.size()] = '\0';
     return buffer;
@@ -73,6 +74,7 @@ TBFChar TBFStringGetCharAtIndex(const String* string, int32_t index) {
 
 int32_t TBFStringGetChars(const String* string, TBFChar* buffer, int32_t max) {
     const std::u16string_view text = viewOf(string);
+    if (!buffer) return 0;
     return static_cast<int32_t>(text.copy(buffer, static_cast<std::size_t>(std::max(max, 0))));
 }
 

@@ -17,7 +17,7 @@ inline constexpr int32_t TBFRangeLengthMax = 2147483647;
 inline constexpr int32_t TBFRangeLocationInvalid = 2147483647;
 
 // A run of `length` items (mostly UTF-16 code units, or lines) from the zero-based `location` on. A
-// length of TBFRangeLengthMax runs to the end, whatever the end is.
+// length of TBFRangeLengthMax runs to the end, whatever the end is; a negative one is none.
 struct TBFRange {
     int32_t location = 0;
     int32_t length = 0;
@@ -34,27 +34,22 @@ struct TBFRange {
 
     // True if the range has no end of its own, or one that can't be written in 32 bits.
     constexpr bool runsToEnd() const {
-        return length == TBFRangeLengthMax || location > TBFRangeLocationMax - length;
+        return length > 0 && (length == TBFRangeLengthMax || location > TBFRangeLocationMax - length);
     }
 
     // The first index behind the range; TBFRangeLocationMax if it runs to the end.
-    constexpr int32_t end() const { return runsToEnd() ? TBFRangeLocationMax : location + length; }
+    constexpr int32_t end() const {
+        return runsToEnd() ? TBFRangeLocationMax : location + std::max(length, 0);
+    }
 
     constexpr bool contains(int32_t index) const {
-        return index >= location && (runsToEnd() || index < location + length);
+        return index >= location && (runsToEnd() || index < end());
     }
     constexpr bool contains(TBFRange other) const {
         return other.location >= location && other.end() <= end();
     }
     constexpr bool intersects(TBFRange other) const {
         return location < other.end() && other.location < end();
-    }
-
-    // The smallest range that covers both.
-    constexpr TBFRange unionWith(TBFRange other) const {
-        const int32_t start = std::min(location, other.location);
-        if (runsToEnd() || other.runsToEnd()) return {start, TBFRangeLengthMax};
-        return between(start, std::max(end(), other.end()));
     }
 };
 

@@ -49,12 +49,10 @@ void TBFUnitSetName(TBFUnitRef unit, TBF::String* name, TBFUnitNameType nameType
     if (unit) unit->setName(retain(name), nameType);
 }
 
-std::vector<TBF::String*> TBFUnitGetAliases(const TBF::Unit* unit, TBFUnitNameType nameType) {
-    std::vector<TBF::String*> aliases;
-    if (!unit) return aliases;
-    for (const TBF::Ref<TBF::String>& alias : unit->aliases(nameType))
-        aliases.push_back(alias.get());
-    return aliases;
+const std::vector<TBF::Ref<TBF::String>>& TBFUnitGetAliasesArrayReference(const TBF::Unit* unit,
+                                                                          TBFUnitNameType nameType) {
+    static const std::vector<TBF::Ref<TBF::String>> none;
+    return unit ? unit->aliases(nameType) : none;
 }
 
 void TBFUnitAddAlias(TBFUnitRef unit, TBF::String* alias, TBFUnitNameType nameType) {

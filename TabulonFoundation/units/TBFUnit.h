@@ -4,6 +4,7 @@
 // threads; only the factor may be replaced at any time. A null handle is accepted everywhere: getters give 0,
 // null or false.
 
+#include "runtime/Ref.h"
 #include "runtime/StringId.h"
 #include "units/TBFUnitTypes.h"
 
@@ -29,7 +30,8 @@ void TBFUnitRelease(const TBF::Unit* unit);
 TBF::String* TBFUnitGetName(const TBF::Unit* unit, TBFUnitNameType nameType);
 TBF::String* TBFUnitGetNamePreferringType(const TBF::Unit* unit, TBFUnitNameType nameType);
 void TBFUnitSetName(TBFUnitRef unit, TBF::String* name, TBFUnitNameType nameType);
-std::vector<TBF::String*> TBFUnitGetAliases(const TBF::Unit* unit, TBFUnitNameType nameType);
+const std::vector<TBF::Ref<TBF::String>>& TBFUnitGetAliasesArrayReference(const TBF::Unit* unit,
+                                                                          TBFUnitNameType nameType);
 void TBFUnitAddAlias(TBFUnitRef unit, TBF::String* alias, TBFUnitNameType nameType);
 
 // The decimals are borrowed, until the factor or offset is replaced. The text belongs to the caller.

@@ -28,6 +28,13 @@ std::size_t nameIndex(TBFUnitNameType nameType) {
     return static_cast<std::size_t>(nameType);
 }
 
+// Everything that counts by type has a place for these alone.
+bool isAtomicType(TBFUnitType type) {
+    const bool isKnown = type >= 0 && type < TBFUnitTypeCount;
+    if (!isKnown) TBFErrorLog("Unexpected unit type %d", static_cast<int>(type));
+    return isKnown;
+}
+
 Ref<Number> numberFromText(const Ref<String>& text) {
     return Number::create(text->utf8().c_str(), TBFNumberTypeDecimal);
 }
@@ -76,24 +83,25 @@ Unit::Unit(TBFUnitType type, Ref<Number> factor)
 Unit::~Unit() = default;
 
 Ref<Unit> Unit::create(TBFUnitType type, std::string_view factor) {
-    return make<Unit>(type, factor);
+    return isAtomicType(type) ? make<Unit>(type, factor) : nullptr;
 }
 
 Ref<Unit> Unit::create(TBFUnitType type, std::string_view factor, Ref<String> identifier) {
-    Ref<Unit> unit = make<Unit>(type, factor);
-    unit->setIdentifier(std::move(identifier));
+    Ref<Unit> unit = create(type, factor);
+    if (unit) unit->setIdentifier(std::move(identifier));
     return unit;
 }
 
 Ref<Unit> Unit::create(TBFUnitType type, Ref<Number> factor, Ref<String> identifier) {
+    if (!isAtomicType(type)) return nullptr;
     Ref<Unit> unit = make<Unit>(type, std::move(factor));
     unit->setIdentifier(std::move(identifier));
     return unit;
 }
 
 Ref<Unit> Unit::createWithSingularName(Ref<String> name, TBFUnitType type, std::string_view factor) {
-    Ref<Unit> unit = make<Unit>(type, factor);
-    unit->setName(std::move(name), TBFUnitNameTypeSingular);
+    Ref<Unit> unit = create(type, factor);
+    if (unit) unit->setName(std::move(name), TBFUnitNameTypeSingular);
     return unit;
 }
 

@@ -25,7 +25,7 @@ class Number;
 class Unit final : public Object<Unit> {
 public:
     // `factor` is decimal text with `.` as decimal point. Without an identifier the unit can't be told from
-    // other units but by its address.
+    // other units but by its address. Null, with a line in the log, for a type that no atomic unit has.
     static Ref<Unit> create(TBFUnitType type, std::string_view factor);
     static Ref<Unit> create(TBFUnitType type, std::string_view factor, Ref<String> identifier);
     // The same from digits, which aren't a special number; the text is made at the first question.

@@ -24,11 +24,13 @@ bool isType(TBFUnitType type) {
 } // namespace
 
 bool UnitCollection::ScalarLess::operator()(const Ref<UnitContainer>& a, const Ref<UnitContainer>& b) const {
-    return m_apm_compare(a->scalar(), b->scalar()) < 0;
+    return (*this)(a, b->scalar());
 }
 
+// A container may have lost its fraction since it came in, and then stands before all others.
 bool UnitCollection::ScalarLess::operator()(const Ref<UnitContainer>& a, M_APM b) const {
-    return m_apm_compare(a->scalar(), b) < 0;
+    const M_APM scalar = a->scalar();
+    return b && (!scalar || m_apm_compare(scalar, b) < 0);
 }
 
 UnitCollection::UnitCollection()
@@ -177,6 +179,7 @@ UnitContainer* UnitCollection::largestLinkedUnitWithin(const UnitContainer& unit
     const auto firstNotLess = std::partition_point(
         ordered.begin(), ordered.end(), [&](const auto& linked) { return ScalarLess()(linked, scalar); });
     if (firstNotLess == ordered.end()) return ordered.rbegin()->get();
+    // What isn't less has a scalar.
     if (m_apm_compare((*firstNotLess)->scalar(), scalar) == 0) return firstNotLess->get();
     return firstNotLess == ordered.begin() ? nullptr : std::prev(firstNotLess)->get();
 }

@@ -96,7 +96,6 @@ public:
     M_APM extraMultiplier() const noexcept;
     bool hasExtraMultiplier() const noexcept { return contents.extraMultiplier != nullptr; }
     M_APM residue() const noexcept;
-    const Ref<Number>& multiplierNumber() const noexcept { return contents.multiplier; }
 
     // The offset of the numerator's only unit that has one; null if none or several have.
     bool hasOnlyOneOffsetNumeratorUnit() const noexcept;

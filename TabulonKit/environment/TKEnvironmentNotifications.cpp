@@ -53,13 +53,15 @@ void TKEnvironment::variableCameOrWent(const Notification& notification) {
     tellOfModifiedVariable(notification);
 }
 
+// A host may post these names too, and then without an object: nothing can be told of it.
 void TKEnvironment::tellOfModifiedVariable(const Notification& notification) {
-    if (observer) observer->environmentVariablesWereModified({notification.objectAs<TCVariable>()});
+    if (observer && notification.object)
+        observer->environmentVariablesWereModified({notification.objectAs<TCVariable>()});
 }
 
 void TKEnvironment::stocksCameOrWent(const Notification& notification) {
     saveStocks();
-    if (observer) observer->environmentStocksWereModified(notification.object);
+    if (observer && notification.object) observer->environmentStocksWereModified(notification.object);
 }
 
 void TKEnvironment::stocksWereUpdated(const Notification&) {
@@ -76,17 +78,18 @@ void TKEnvironment::currenciesWereUpdated(const Notification&) {
 
 void TKEnvironment::currenciesChangedEnabledState(const Notification& notification) {
     const auto changed = notification.objectAs<TKCurrencyArray>();
+    const auto isEnabled = [](const auto& currency) { return currency && currency->enabled(); };
     saveCurrencies();
-    if (std::ranges::any_of(*changed, [](const auto& currency) { return currency->enabled(); }))
-        currenciesManager()->updateRatesFromWeb();
+    if (changed && std::ranges::any_of(*changed, isEnabled)) currenciesManager()->updateRatesFromWeb();
     refreshCurrencyLocale();
-    if (observer) observer->environmentCurrenciesWereModified(*changed);
+    if (observer && changed) observer->environmentCurrenciesWereModified(*changed);
 }
 
 void TKEnvironment::currenciesChangedFavouriteState(const Notification& notification) {
     delayedSaver.cancelAllActions();
     delayedSaver.performAction(std::string(saveCurrenciesAction), nullptr, delayOfSaving);
-    if (observer) observer->environmentCurrenciesWereModified(*notification.objectAs<TKCurrencyArray>());
+    const auto changed = notification.objectAs<TKCurrencyArray>();
+    if (observer && changed) observer->environmentCurrenciesWereModified(*changed);
 }
 
 bool TKEnvironment::respondsToAction(std::string_view action) const {

@@ -122,22 +122,23 @@ std::optional<std::string> TKLineCollectionExporter::HTMLSource() {
 
 std::optional<std::string>
 TKLineCollectionExporter::HTMLSourceWithCSS(const std::optional<std::string>& styleSheet) {
-    return htmlSource(styleSheet, nullptr);
+    return mutableHTMLSourceWithCSS(styleSheet, nullptr);
 }
 
 std::optional<std::string> TKLineCollectionExporter::HTMLSourceWithStyle(const Style& style) {
-    return htmlSource(style.cssString() + (style.enableAdaptiveRules() ? style.adaptiveCSSString() : ""),
-                      &style);
+    return mutableHTMLSourceWithCSS(
+        style.cssString() + (style.enableAdaptiveRules() ? style.adaptiveCSSString() : ""), &style);
 }
 
 std::optional<std::string> TKLineCollectionExporter::HTMLSourceWithInlinedStyle(const Style& style) {
-    const std::optional<std::string> page = htmlSource(std::nullopt, &style);
+    const std::optional<std::string> page = mutableHTMLSourceWithCSS(std::nullopt, &style);
     if (!page) return std::nullopt;
     return TKPageWithInlinedStyle(*page, style);
 }
 
-std::optional<std::string> TKLineCollectionExporter::htmlSource(const std::optional<std::string>& styleSheet,
-                                                                const Style* style) {
+std::optional<std::string>
+TKLineCollectionExporter::mutableHTMLSourceWithCSS(const std::optional<std::string>& styleSheet,
+                                                   const Style* style) {
     if (!collection) return std::nullopt;
     std::string page = "<!DOCTYPE html PUBLIC \"-//W3C//DTD HTML 4.01 Transitional//EN\" "
                        "\"http://www.w3.org/TR/html4/loose.dtd\">\n\n"
@@ -147,12 +148,13 @@ std::optional<std::string> TKLineCollectionExporter::htmlSource(const std::optio
                        std::string(productAddress) + "\">\n";
     if (styleSheet) page += "<style type=\"text/css\" media=\"all\">\n" + *styleSheet + "\n</style>\n";
     page += "</head>\n<body>\n";
-    page += bodyHTML(style);
+    page += bodyHTMLWithStyle(style);
     page += "</body>\n</html>\n";
     return page;
 }
 
-std::string TKLineCollectionExporter::bodyHTML(const Style* style) {
+std::string TKLineCollectionExporter::bodyHTMLWithStyle(const Style* style) {
+    if (!collection) return {};
     std::string body = "<div class=\"content\">\n<div class=\"table_container\">\n"
                        "<table class=\"document_table\">\n"
                        "<tr class=\"top_padding\"><td style=\"padding: 0px\"></td></tr>\n";

@@ -22,6 +22,8 @@ class TCResultFormattingOptions;
 
 class TKLineCollectionExporter final : private TKLineCollectionSyntaxFormatterDelegate {
 public:
+    using Style = TKLineCollectionExporterHTMLStyle;
+
     // The date and time of the heading, as text.
     using DateText = std::function<std::u16string()>;
 
@@ -74,11 +76,14 @@ public:
     // The page without a style sheet, its declarations in the tags.
     std::optional<std::string> HTMLSourceWithInlinedStyle(const TKLineCollectionExporterHTMLStyle& style);
 
-private:
-    using Style = TKLineCollectionExporterHTMLStyle;
+    // What these are made of: a page with the style sheet and the look of the style, either of which may be
+    // left out, and the inside of its body, which is empty without a line collection. Others may add to the
+    // texts.
+    std::optional<std::string> mutableHTMLSourceWithCSS(const std::optional<std::string>& css,
+                                                        const Style* style);
+    std::string bodyHTMLWithStyle(const Style* style);
 
-    std::optional<std::string> htmlSource(const std::optional<std::string>& css, const Style* style);
-    std::string bodyHTML(const Style* style);
+private:
     std::string headingRow(const Style* style) const;
     std::string lineRow(TCLine& line, const Style* style);
     std::string statisticRow(const Style* style);

@@ -69,7 +69,7 @@ TKVariablesManager::managerWithVariableList(std::shared_ptr<TCVariableList> vari
 
 TKVariablesManager::TKVariablesManager(Passkey, std::shared_ptr<TCVariableList> variableList,
                                        std::shared_ptr<TCUnitCollection> units)
-    : list(std::move(variableList))
+    : list(variableList ? std::move(variableList) : std::make_shared<TCVariableList>())
     , unitCollection(std::move(units)) {
     list->setDelegate(this);
 }
@@ -172,10 +172,14 @@ bool TKVariablesManager::renameVariable(const Variable& variable, std::u16string
     return false;
 }
 
-bool TKVariablesManager::setValueOfVariable(const Variable& variable, std::optional<std::u16string> toValue) {
-    if (!variable || !variable->validateValue(toValue)) return false;
-    variable->setValue(std::move(toValue));
-    return true;
+bool TKVariablesManager::setValueOfVariable(const Variable& variable, std::optional<std::u16string> toValue,
+                                            TCVariableNameError* error) {
+    if (variable && variable->validateValue(toValue, error)) {
+        variable->setValue(std::move(toValue));
+        return true;
+    }
+    if (!variable && error) *error = {validationErrorCode, localizedString(u"An Unknown Error Occured"), u""};
+    return false;
 }
 
 void TKVariablesManager::setLocale(TCSimpleLocale locale) {

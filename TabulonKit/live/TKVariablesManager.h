@@ -39,7 +39,7 @@ class TKVariablesManager final : public std::enable_shared_from_this<TKVariables
 public:
     using Variable = std::shared_ptr<TCVariable>;
 
-    // Becomes the delegate of the list, which may not be null.
+    // Becomes the delegate of the list; null stands for a new one.
     static std::shared_ptr<TKVariablesManager>
     managerWithVariableList(std::shared_ptr<TCVariableList> variableList,
                             std::shared_ptr<TCUnitCollection> unitCollection);
@@ -74,8 +74,9 @@ public:
     // False with an error, which may be null, if the name can't be used.
     bool renameVariable(const Variable& variable, std::u16string_view toName, TCVariableNameError* error);
 
-    // What the text comes to becomes the value.
-    bool setValueOfVariable(const Variable& variable, std::optional<std::u16string> toValue);
+    // What the text comes to becomes the value. False with an error, which may be null, for a null variable.
+    bool setValueOfVariable(const Variable& variable, std::optional<std::u16string> toValue,
+                            TCVariableNameError* error = nullptr);
 
     // Values are rewritten for it.
     void setLocale(TCSimpleLocale locale);

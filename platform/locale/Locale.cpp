@@ -1,5 +1,6 @@
 #include "locale/Locale.h"
 
+#include <unicode/dcfmtsym.h>
 #include <unicode/locid.h>
 #include <unicode/ucurr.h>
 #include <unicode/unistr.h>
@@ -79,6 +80,13 @@ std::string utf8Of(const icu::UnicodeString& text) {
     return text.toUTF8String(result);
 }
 
+std::string numberSymbol(const std::string& identifier,
+                         icu::DecimalFormatSymbols::ENumberFormatSymbol which) {
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::DecimalFormatSymbols symbols(icuLocale(identifier), status);
+    return U_SUCCESS(status) ? utf8Of(symbols.getConstSymbol(which)) : std::string();
+}
+
 // Codes are three letters; the currency services want them so.
 std::optional<std::array<UChar, 4>> currencyOf(std::string_view code) {
     std::array<UChar, 4> result{};
@@ -132,6 +140,14 @@ void Locale::setIdentifier(std::optional<std::string> identifier) {
     const std::lock_guard guard(current.mutex);
     current.locale.reset();
     if (identifier) current.locale.emplace(std::move(*identifier));
+}
+
+std::string Locale::decimalSeparator() const {
+    return numberSymbol(name, icu::DecimalFormatSymbols::kDecimalSeparatorSymbol);
+}
+
+std::string Locale::groupingSeparator() const {
+    return numberSymbol(name, icu::DecimalFormatSymbols::kGroupingSeparatorSymbol);
 }
 
 std::optional<std::string> Locale::currencyCode() const {

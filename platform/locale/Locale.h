@@ -29,6 +29,10 @@ public:
     // The languages that the user wants, the first one most, as names of localizations: "pt-BR", "pt", "en".
     const std::vector<std::string>& preferredLanguages() const { return languages; }
 
+    // What numbers are written with, as "." and ",". UTF-8.
+    std::string decimalSeparator() const;
+    std::string groupingSeparator() const;
+
     // The code of the region's currency, as "USD"; none for a locale without a region.
     std::optional<std::string> currencyCode() const;
 

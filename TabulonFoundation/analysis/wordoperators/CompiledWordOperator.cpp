@@ -1,5 +1,6 @@
 #include "analysis/wordoperators/CompiledWordOperator.h"
 
+#include "analysis/ExpressionToken.h"
 #include "eval/EvaluationContext.h"
 #include "eval/ExpressionNodeEvaluator.h"
 #include "numbers/Value.h"
@@ -8,11 +9,12 @@
 
 namespace TBF {
 
-Ref<CompiledWordOperator> CompiledWordOperator::create(Ref<ExpressionNode> root) {
-    return make<CompiledWordOperator>(std::move(root));
+Ref<CompiledWordOperator> CompiledWordOperator::create(Ref<ExpressionNode> root, ExpressionTokenList tokens) {
+    return make<CompiledWordOperator>(std::move(root), std::move(tokens));
 }
 
-CompiledWordOperator::CompiledWordOperator(Ref<ExpressionNode> root) {
+CompiledWordOperator::CompiledWordOperator(Ref<ExpressionNode> root, ExpressionTokenList tokens)
+    : templateTokens(std::move(tokens)) {
     if (root) tree = ExpressionTree::create(std::move(root));
 }
 

@@ -4,6 +4,7 @@
 // operands. The tree's slots belong to the evaluation that runs, so that it is evaluated by one thread
 // at a time.
 
+#include "analysis/ExpressionTokenList.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 
@@ -17,8 +18,9 @@ class Value;
 
 class CompiledWordOperator final : public Object<CompiledWordOperator> {
 public:
-    // `root` may be null: the operator then evaluates to nothing.
-    static Ref<CompiledWordOperator> create(Ref<ExpressionNode> root);
+    // `root` may be null: the operator then evaluates to nothing. `tokens` are those that the nodes below it
+    // came from.
+    static Ref<CompiledWordOperator> create(Ref<ExpressionNode> root, ExpressionTokenList tokens = {});
 
     ExpressionNode* rootNode() const;
 
@@ -30,9 +32,10 @@ public:
 private:
     friend class Object<CompiledWordOperator>;
 
-    explicit CompiledWordOperator(Ref<ExpressionNode> root);
+    CompiledWordOperator(Ref<ExpressionNode> root, ExpressionTokenList tokens);
     ~CompiledWordOperator() override;
 
+    const ExpressionTokenList templateTokens; // the nodes only borrow them
     Ref<ExpressionTree> tree;
 };
 

@@ -1,5 +1,6 @@
 #include "analysis/wordoperators/TBFWordOperatorCompiler.h"
 
+#include "analysis/ExpressionToken.h"
 #include "analysis/wordoperators/CompiledWordOperator.h"
 #include "analysis/wordoperators/WordOperatorCompiler.h"
 #include "eval/functions/FunctionList.h"
@@ -10,8 +11,8 @@
 using TBF::CompiledWordOperator;
 using TBF::WordOperatorCompiler;
 
-void TBFWordOperatorCompilerInit(TBF::FunctionList*) {
-    WordOperatorCompiler::shared();
+void TBFWordOperatorCompilerInit(TBF::FunctionList* functions) {
+    if (functions) WordOperatorCompiler::sharedOver(*functions);
 }
 
 TBFWordOperatorCompilerRef TBFWordOperatorCompilerCreate(TBF::FunctionList* functions) {

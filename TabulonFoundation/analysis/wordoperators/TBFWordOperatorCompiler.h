@@ -15,7 +15,8 @@ class WordOperatorCompiler;
 using TBFWordOperatorCompilerRef = TBF::WordOperatorCompiler*;
 using TBFCompiledWordOperatorRef = TBF::CompiledWordOperator*;
 
-// Makes the shared compiler; `functions` are the standard ones. Called once at start-up.
+// Makes the shared compiler, whose templates can call `functions`. Called once at start-up, with the standard
+// ones; a later call does nothing.
 void TBFWordOperatorCompilerInit(TBF::FunctionList* functions);
 
 // Create. The caller owns the results.

@@ -47,9 +47,13 @@ Ref<WordOperatorCompiler> WordOperatorCompiler::create(FunctionList* functions) 
     return make<WordOperatorCompiler>(functions);
 }
 
-WordOperatorCompiler& WordOperatorCompiler::shared() {
-    static WordOperatorCompiler* const compiler = create(&FunctionList::standard()).leak(); // kept for ever
+WordOperatorCompiler& WordOperatorCompiler::sharedOver(FunctionList& functions) {
+    static WordOperatorCompiler* const compiler = create(&functions).leak(); // kept for ever
     return *compiler;
+}
+
+WordOperatorCompiler& WordOperatorCompiler::shared() {
+    return sharedOver(FunctionList::standard());
 }
 
 WordOperatorCompiler::WordOperatorCompiler(FunctionList* functions)
@@ -72,8 +76,9 @@ Ref<CompiledWordOperator> WordOperatorCompiler::compile(const String& expression
         ExpressionTokenizer::create(kTBFLocaleDefault)->tokenize(text.get());
     const Ref<ContextualAnalyzer> analyzer = ContextualAnalyzer::create();
     analyzer->setNamespace(words);
-    const Ref<ExpressionTree> tree = Parser::create()->parse(analyzer->analyze(*tokenized, 0));
-    return CompiledWordOperator::create(tree ? TBF::retain(tree->root()) : nullptr);
+    ExpressionTokenList tokens = analyzer->analyze(*tokenized, 0);
+    const Ref<ExpressionTree> tree = Parser::create()->parse(tokens);
+    return CompiledWordOperator::create(tree ? TBF::retain(tree->root()) : nullptr, std::move(tokens));
 }
 
 } // namespace TBF

@@ -18,7 +18,9 @@ public:
     // `functions` stand behind the two operand functions.
     static Ref<WordOperatorCompiler> create(FunctionList* functions);
 
-    // The compiler of the process, over the standard functions.
+    // The compiler of the process, over the functions that the first of these calls names: the given ones, or
+    // the standard ones.
+    static WordOperatorCompiler& sharedOver(FunctionList& functions);
     static WordOperatorCompiler& shared();
 
     // Never null; a template that doesn't parse gives an operator without a tree.

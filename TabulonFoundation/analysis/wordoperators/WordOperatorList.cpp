@@ -15,6 +15,12 @@ WordOperator* WordOperatorList::find(const HashedText& word) const {
     return auxiliary ? auxiliary->find(word) : nullptr;
 }
 
+void WordOperatorList::setAuxiliaryList(WordOperatorList* list) {
+    for (const WordOperatorList* each = list; each; each = each->auxiliary)
+        if (each == this) return;
+    auxiliary = list;
+}
+
 WordOperatorList& WordOperatorList::shared() {
     static const Ref<WordOperatorList>& list = *new Ref<WordOperatorList>(create());
     return *list;

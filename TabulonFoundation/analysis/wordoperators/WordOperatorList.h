@@ -22,8 +22,9 @@ public:
     WordOperator* find(const HashedText& word) const;
     WordOperator* find(std::u16string_view word) const { return find(HashedText(word)); }
 
-    // Searched after this list. Not owned: it has to outlive this list, as the shared list does.
-    void setAuxiliaryList(WordOperatorList* list) { auxiliary = list == this ? nullptr : list; }
+    // Searched after this list, unless this list stands behind it. Not owned: it has to outlive this list, as
+    // the shared list does.
+    void setAuxiliaryList(WordOperatorList* list);
 
     std::size_t count() const { return operators.size(); }
 

@@ -41,7 +41,9 @@ void FunctionList::removeAll() {
 }
 
 void FunctionList::setParentList(Ref<FunctionList> list) {
-    if (list != this) parentList = std::move(list);
+    for (const FunctionList* each = list.get(); each; each = each->parentList.get())
+        if (each == this) return;
+    parentList = std::move(list);
 }
 
 FunctionList::Match FunctionList::find(const HashedText& name, const HashedText& lowercaseName,

@@ -23,7 +23,7 @@ public:
     // Replaces what stood under the function's name and aliases.
     void add(const Ref<Function>& function);
     void removeAll();
-    void setParentList(Ref<FunctionList> list);
+    void setParentList(Ref<FunctionList> list); // not one that has this list behind it
 
     // A name beats an alias, and this list its parent.
     Match find(const HashedText& name, const HashedText& lowercaseName, bool searchParents = true) const;

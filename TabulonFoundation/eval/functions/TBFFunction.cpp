@@ -98,6 +98,11 @@ int32_t TBFFunctionGetCountOfAliases(const Function* function) {
     return function ? static_cast<int32_t>(function->aliases().size()) : 0;
 }
 
+const std::vector<TBF::Ref<TBF::String>>& TBFFunctionGetAliasesReference(const TBF::Function* function) {
+    static const std::vector<TBF::Ref<TBF::String>> none;
+    return function ? function->aliases() : none;
+}
+
 TBFFunctionImplementationType TBFFunctionGetImplementationType(const Function* function) {
     return function ? function->implementationType() : TBFFunctionImplementationTypeNone;
 }

@@ -4,6 +4,7 @@
 // are set up on one thread and only read afterwards.
 
 #include "eval/functions/FunctionImplementation.h"
+#include "runtime/Ref.h"
 
 #include <cstdint>
 #include <memory>
@@ -43,6 +44,7 @@ uint8_t TBFFunctionGetNumberOfArguments(const TBF::Function* function);
 const TBF::String* TBFFunctionGetNameReference(const TBF::Function* function);
 const TBF::String* TBFFunctionGetLowercaseNameReference(const TBF::Function* function);
 int32_t TBFFunctionGetCountOfAliases(const TBF::Function* function);
+const std::vector<TBF::Ref<TBF::String>>& TBFFunctionGetAliasesReference(const TBF::Function* function);
 TBFFunctionImplementationType TBFFunctionGetImplementationType(const TBF::Function* function);
 
 // Execute. The values stand in the order of writing and are borrowed; the result is owned by the caller,

@@ -53,9 +53,9 @@ int32_t TBFVariableGetCountOfAliases(const Variable* variable) {
     return variable ? static_cast<int32_t>(variable->aliases().size()) : 0;
 }
 
-TBF::String* TBFVariableGetAliasAtIndex(const Variable* variable, int32_t index) {
-    if (index < 0 || index >= TBFVariableGetCountOfAliases(variable)) return nullptr;
-    return variable->aliases()[static_cast<std::size_t>(index)].get();
+const std::vector<TBF::Ref<TBF::String>>& TBFVariableGetAliasArrayReference(const Variable* variable) {
+    static const std::vector<TBF::Ref<TBF::String>> none;
+    return variable ? variable->aliases() : none;
 }
 
 void TBFVariableSetValue(TBFVariableRef variable, TBF::String* string, uint32_t flags,

@@ -5,9 +5,11 @@
 
 #include "eval/TBFEvaluationError.h"
 #include "m_apm.h"
+#include "runtime/Ref.h"
 #include "runtime/TBFTypes.h"
 
 #include <cstdint>
+#include <vector>
 
 namespace TBF {
 class Number;
@@ -34,7 +36,7 @@ TBF::String* TBFVariableGetLowercaseNameReference(const TBF::Variable* variable)
 void TBFVariableAddAlias(TBFVariableRef variable, TBF::String* alias);
 void TBFVariableRemoveAlias(TBFVariableRef variable, const TBF::String* alias);
 int32_t TBFVariableGetCountOfAliases(const TBF::Variable* variable);
-TBF::String* TBFVariableGetAliasAtIndex(const TBF::Variable* variable, int32_t index);
+const std::vector<TBF::Ref<TBF::String>>& TBFVariableGetAliasArrayReference(const TBF::Variable* variable);
 
 // Values. `string` is delocalized text or null; of `flags` bit 0 marks a percentage; the unit may be null.
 void TBFVariableSetValue(TBFVariableRef variable, TBF::String* string, uint32_t flags,

@@ -29,10 +29,14 @@ bool Variable::setName(Ref<String> newName) {
         const auto refuses = [&](const VariableList* list) { return list->refusesName(*newName); };
         if (std::any_of(owningLists.begin(), owningLists.end(), refuses)) return false;
     }
+    const Ref<Variable> alive = TBF::retain(this); // a list may have held it alone
+    if (!newName)
+        for (VariableList* const list : std::vector(owningLists))
+            list->remove(*this);
     const Ref<String> oldName = std::exchange(ownName, std::move(newName));
     lowercase.reset();
     for (VariableList* const list : owningLists)
-        if (ownName) list->moveEntry(*this, oldName.get(), *ownName);
+        list->moveEntry(*this, oldName.get());
     return true;
 }
 
@@ -54,13 +58,15 @@ void Variable::removeAlias(const String& alias) {
     if (found == otherNames.end()) return;
     const Ref<String> removed = std::move(*found);
     otherNames.erase(found);
+    const auto isRemoved = [&](const Ref<String>& other) { return other->equals(*removed); };
+    if (std::any_of(otherNames.begin(), otherNames.end(), isRemoved)) return; // it was there twice
     for (VariableList* const list : owningLists)
-        list->removeAlias(*removed);
+        list->removeAlias(*this, *removed);
 }
 
 void Variable::setValue(Ref<String> string, uint32_t flags, Ref<UnitContainer> unitContainer,
                         TBFRange scopes) {
-    if (scopes.length == 0) return; // the map would not take the value
+    if (scopes.isEmpty() || scopes.end() <= 0) return; // the map would not take the value
     auto value = std::make_unique<VariableValue>(std::move(string), flags, std::move(unitContainer));
     values->setValue(value.release(), scopes);
 }

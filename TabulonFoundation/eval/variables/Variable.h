@@ -24,7 +24,7 @@ public:
     static Ref<Variable> create() { return make<Variable>(); }
 
     // False, without a change, for the very handle held, and when a list that holds this variable already
-    // finds a variable of exactly that name.
+    // finds a variable of exactly that name. With the name null the variable leaves its lists.
     bool setName(Ref<String> newName);
     String* name() const { return ownName.get(); }
     String* lowercaseName() const;
@@ -59,7 +59,7 @@ private:
     std::vector<Ref<String>> otherNames;
     Ref<IndexRangeMap> values; // of VariableValue, freed by the map
     void* wrapper = nullptr;
-    std::vector<VariableList*> owningLists; // not owned: a list takes itself out; once for each adding
+    std::vector<VariableList*> owningLists; // not owned: a list takes itself out; each stands here once
 };
 
 } // namespace TBF

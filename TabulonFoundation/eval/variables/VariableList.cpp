@@ -9,17 +9,22 @@
 namespace TBF {
 namespace {
 
-// Puts `variable` under the key, with a reference for the dictionary, and drops what stood there.
-void put(CaseInsensitiveDictionary& dictionary, String& key, Variable& variable) {
+// Puts `variable` under the key, with a reference for the dictionary, and gives what stood there.
+Ref<Variable> put(CaseInsensitiveDictionary& dictionary, String& key, Variable& variable) {
     void* replaced = nullptr;
     dictionary.setItem(TBF::retain(&variable).leak(), key, false, &replaced);
-    const Ref<Variable> previous = adopt(static_cast<Variable*>(replaced));
+    return adopt(static_cast<Variable*>(replaced));
 }
 
-// Takes the entry of the key out, with its reference.
-void take(CaseInsensitiveDictionary& dictionary, String& key) {
-    const Ref<Variable> held = adopt(static_cast<Variable*>(dictionary.find(key)));
-    dictionary.setItem(nullptr, key, false, nullptr);
+// Takes the variable out from under the key, with the dictionary's reference. Another variable that stands
+// there, or under another casing of the key, stays.
+void take(CaseInsensitiveDictionary& dictionary, String& key, const Variable& variable) {
+    bool exactCase = false;
+    const Ref<String> lowercaseKey = key.lowercase();
+    if (dictionary.find(HashedText(key), HashedText(*lowercaseKey), &exactCase) != &variable || !exactCase)
+        return;
+    const Ref<const Variable> held = adopt(&variable);
+    dictionary.setItem(nullptr, key, *lowercaseKey, false, nullptr);
 }
 
 void releaseAll(CaseInsensitiveDictionary& dictionary) {
@@ -36,43 +41,49 @@ VariableList::VariableList()
     , aliases(CaseInsensitiveDictionary::create()) {}
 
 VariableList::~VariableList() {
-    for (Variable* const variable : topLevelVariables())
-        forget(*variable);
-    releaseAll(*variables);
-    releaseAll(*aliases);
-}
-
-void VariableList::forget(Variable& variable) {
-    std::erase(variable.owningLists, this);
+    removeAll();
 }
 
 void VariableList::add(const Ref<Variable>& variable) {
     if (!variable || !variable->name()) return;
-    variable->owningLists.push_back(this);
-    put(*variables, *variable->name(), *variable);
+    enter(*variable);
+    auto& lists = variable->owningLists;
+    if (std::find(lists.begin(), lists.end(), this) == lists.end()) lists.push_back(this);
     for (const Ref<String>& alias : variable->otherNames)
-        put(*aliases, *alias, *variable);
+        addAlias(*variable, *alias);
+}
+
+// A variable that had the name leaves the list whole: nothing of it may be left that doesn't know the list.
+void VariableList::enter(Variable& variable) {
+    const Ref<Variable> previous = put(*variables, *variable.name(), variable);
+    if (previous && previous != &variable) forget(*previous);
+}
+
+void VariableList::forget(Variable& variable) {
+    for (const Ref<String>& alias : variable.otherNames)
+        take(*aliases, *alias, variable);
+    std::erase(variable.owningLists, this);
 }
 
 void VariableList::remove(Variable& variable) {
     if (!variable.name() || variables->find(*variable.name()) != &variable) return;
     const Ref<Variable> alive = TBF::retain(&variable);
-    take(*variables, *variable.name());
-    for (const Ref<String>& alias : variable.otherNames)
-        take(*aliases, *alias);
-    const auto entry = std::find(variable.owningLists.begin(), variable.owningLists.end(), this);
-    if (entry != variable.owningLists.end()) variable.owningLists.erase(entry);
+    take(*variables, *variable.name(), variable);
+    forget(variable);
 }
 
 void VariableList::removeAll() {
     for (Variable* const variable : topLevelVariables())
-        forget(*variable);
+        std::erase(variable->owningLists, this);
     releaseAll(*variables);
     releaseAll(*aliases);
 }
 
+// A list that already stands somewhere below isn't taken: lookups would go round for ever.
 void VariableList::setParentList(Ref<VariableList> list) {
-    if (list != this) parentList = std::move(list);
+    for (const VariableList* each = list.get(); each; each = each->parentList.get())
+        if (each == this) return;
+    parentList = std::move(list);
 }
 
 VariableList::Match VariableList::find(const HashedText& name, const HashedText& lowercaseName,
@@ -126,18 +137,18 @@ bool VariableList::refusesName(const String& name) const {
     return match.variable && match.variable->name() && match.variable->name()->equals(name);
 }
 
-void VariableList::moveEntry(Variable& variable, String* oldName, String& newName) {
+void VariableList::moveEntry(Variable& variable, String* oldName) {
     const Ref<Variable> alive = TBF::retain(&variable);
-    if (oldName) take(*variables, *oldName);
-    put(*variables, newName, variable);
+    if (oldName) take(*variables, *oldName, variable);
+    enter(variable);
 }
 
 void VariableList::addAlias(Variable& variable, String& alias) {
-    put(*aliases, alias, variable);
+    const Ref<Variable> previous = put(*aliases, alias, variable);
 }
 
-void VariableList::removeAlias(String& alias) {
-    take(*aliases, alias);
+void VariableList::removeAlias(Variable& variable, String& alias) {
+    take(*aliases, alias, variable);
 }
 
 VariableList& VariableList::standard() {

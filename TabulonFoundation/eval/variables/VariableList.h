@@ -22,10 +22,12 @@ public:
 
     static Ref<VariableList> create() { return make<VariableList>(); }
 
+    // Replaces what stood under the variable's name, which then is in this list no more, and under its
+    // aliases. A variable without a name isn't taken.
     void add(const Ref<Variable>& variable);
     void remove(Variable& variable); // only if it is what stands under its name
     void removeAll();
-    void setParentList(Ref<VariableList> list);
+    void setParentList(Ref<VariableList> list); // not one that has this list behind it
 
     // A name beats an alias, and this list its parent, however the case fits.
     Match find(const HashedText& name, const HashedText& lowercaseName, bool searchParents = true) const;
@@ -50,12 +52,15 @@ private:
     ~VariableList() override;
 
     bool refusesName(const String& name) const;
-    void moveEntry(Variable& variable, String* oldName, String& newName);
+    void moveEntry(Variable& variable, String* oldName);
     void addAlias(Variable& variable, String& alias);
-    void removeAlias(String& alias);
+    void removeAlias(Variable& variable, String& alias);
+    void enter(Variable& variable);
     void forget(Variable& variable);
 
-    // Each holds a reference to a variable for every key under which it stands.
+    // Each holds a reference to a variable for every key under which it stands. A variable stands in
+    // `variables` under its present name if and only if it has this list in its `owningLists`, and only then
+    // among the aliases.
     Ref<CaseInsensitiveDictionary> variables;
     Ref<CaseInsensitiveDictionary> aliases;
     Ref<VariableList> parentList;

@@ -140,4 +140,91 @@ TEST(VariableList, ChangesOfItsVariables) {
     EXPECT_EQ(variable->variableList(), nullptr);
 }
 
+// The variable that was renamed onto went lost, and asked its list when that was gone.
+TEST(VariableList, ADisabledVariableKeepsItsPlaceWhenAnotherTakesItsName) {
+    const auto first = TCVariable::variableWithName(u"a", std::u16string(u"1"));
+    const auto second = TCVariable::variableWithName(u"b", std::u16string(u"2"));
+    {
+        TCVariableList list;
+        list.addVariable(first);
+        list.addVariable(second);
+        second->setEnabled(false);
+        EXPECT_TRUE(first->changeName(u"b"));
+        EXPECT_EQ(list.variables().size(), 2u);
+        EXPECT_EQ(list.valueOfVariableWithName(u"b"), u"1");
+        second->setEnabled(true); // stands before the other as long as it is there
+        EXPECT_EQ(list.valueOfVariableWithName(u"b"), u"2");
+        second->setEnabled(false);
+        EXPECT_EQ(list.valueOfVariableWithName(u"b"), u"1");
+        second->setEnabled(true);
+        list.removeVariable(second);
+        EXPECT_EQ(list.valueOfVariableWithName(u"b"), u"1");
+        EXPECT_THAT(list.variables(), ElementsAre(first));
+        list.addVariable(second); // adding replaces, renaming doesn't
+        EXPECT_THAT(list.variables(), ElementsAre(second));
+    }
+    EXPECT_EQ(second->variableList(), nullptr);
+    first->setEnabled(false);
+    EXPECT_TRUE(second->changeName(u"free"));
+}
+
+TEST(VariableList, AVariableIsFoundInTheListThatHoldsIt) {
+    TCVariableList first, second;
+    const auto shared = TCVariable::variableWithName(u"a", std::u16string(u"1"));
+    first.addVariable(shared);
+    first.addVariable(shared);
+    second.addVariable(shared); // the one that it tells from now on
+    shared->changeName(u"b");
+    EXPECT_EQ(first.valueOfVariableWithName(u"b"), u"1");
+    first.removeVariable(shared);
+    EXPECT_TRUE(first.variables().empty());
+    EXPECT_FALSE(first.containsVariableWithName(u"b"));
+    EXPECT_EQ(shared->variableList(), &second);
+    EXPECT_TRUE(second.containsVariableWithName(u"b"));
+}
+
+// The last list that was made had the only "pi" that could be found, and took it with it.
+TEST(VariableList, EachListHasItsOwnStandardVariables) {
+    useEvaluatingEnvironment();
+    const auto list = TCVariableList::listWithStandardVariables();
+    const auto pi = list->variableWithName(u"pi");
+    auto other = TCVariableList::listWithStandardVariables();
+    EXPECT_EQ(list->variableWithName(u"PI"), pi);
+    EXPECT_NE(other->variableWithName(u"pi"), pi);
+    other.reset();
+    EXPECT_EQ(list->variableWithName(u"pi"), pi);
+    EXPECT_EQ(pi->variableList(), list.get());
+}
+
+TEST(VariableList, AListIsntItsOwnAncestor) {
+    const auto outer = std::make_shared<TCVariableList>(), inner = std::make_shared<TCVariableList>();
+    inner->setParentList(outer);
+    outer->setParentList(inner);
+    outer->setParentList(outer);
+    EXPECT_TRUE(outer->allVariables().empty());
+    EXPECT_FALSE(inner->containsVariableWithName(u"x"));
+}
+
+// Takes a variable out as soon as it hears of it.
+class RemovingDelegate : public TCVariableListDelegate {
+public:
+    void variableDidUpdateInVariableList(TCVariable& variable, TCVariableList& list) override {
+        list.removeVariableWithName(*variable.name());
+    }
+};
+
+TEST(VariableList, ADelegateMayTakeAVariableOutWhenItHearsOfIt) {
+    TCVariableList list;
+    RemovingDelegate delegate;
+    list.setDelegate(&delegate);
+    for (const auto change :
+         {+[](TCVariable& variable) { variable.changeName(u"b"); },
+          +[](TCVariable& variable) { variable.setValue(u"2"); },
+          +[](TCVariable& variable) { variable.setLocaleWithDecimalPoint(u',', u'.'); }}) {
+        list.addVariableWithName(u"a", std::u16string(u"1"));
+        change(*list.variableWithName(u"a"));
+        EXPECT_TRUE(list.variables().empty());
+    }
+}
+
 } // namespace

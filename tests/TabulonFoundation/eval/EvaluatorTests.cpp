@@ -1,13 +1,23 @@
 #include "eval/Evaluator.h"
 
+#include "analysis/ContextualAnalyzer.h"
+#include "analysis/Expression.h"
+#include "analysis/ExpressionToken.h"
+#include "analysis/ExpressionTokenizer.h"
+#include "analysis/Namespace.h"
+#include "analysis/TokenizedExpression.h"
+#include "analysis/wordoperators/WordOperatorList.h"
 #include "eval/EvaluationContext.h"
 #include "eval/EvaluationTestSupport.h"
+#include "eval/TBFEvaluator.h"
 #include "eval/functions/FunctionList.h"
 #include "eval/variables/VariableList.h"
 #include "numbers/Number.h"
 #include "results/Result.h"
+#include "runtime/Array.h"
 #include "runtime/String.h"
 #include "units/Unit.h"
+#include "units/UnitCollection.h"
 #include "units/UnitFraction.h"
 
 #include <gtest/gtest.h>
@@ -104,6 +114,36 @@ TEST(TBFErrorContainsErrorMask, ComparesWithinTheMask) {
     EXPECT_TRUE(TBFErrorContainsErrorMask(0xC000, 0x8000, 0xFFFF00));
     EXPECT_FALSE(TBFErrorContainsErrorMask(0x8000, 0, 0xFFFF00));
     EXPECT_TRUE(TBFErrorContainsErrorMask(0x0F, 0xF0, 0xFF00));
+}
+
+TEST(Evaluator, AHostReadsTheTreeOfTheLastEvaluation) {
+    evaltest::startFoundation();
+    const TBFEvaluatorRef evaluator = TBFEvaluatorCreate(&evaltest::units());
+    const Ref<String> text = String::create(u"2 + 3 * 4");
+    EXPECT_EQ(TBFEvaluatorGetDebugInfo(evaluator), nullptr);
+    TBFEvaluatorSetDebugEnabled(evaluator, true);
+    adopt(TBFEvaluatorEvaluateString(evaluator, text.get()));
+    EXPECT_STREQ(TBFEvaluatorDebugInfoGetTreeString(TBFEvaluatorGetDebugInfo(evaluator)), "(2+(3*4))");
+    adopt(TBFEvaluatorEvaluateString(evaluator, String::create(u"").get()));
+    EXPECT_STREQ(TBFEvaluatorDebugInfoGetTreeString(TBFEvaluatorGetDebugInfo(evaluator)), "");
+
+    // Tokens from an array, as a host has them.
+    const auto analyzer = ContextualAnalyzer::create();
+    analyzer->setNamespace(Namespace::create());
+    const auto tokenized =
+        ExpressionTokenizer::create(kTBFLocaleDefault)->tokenize(Expression::create(text->view()).get());
+    const ExpressionTokenList tokens = analyzer->analyze(*tokenized, 0);
+    const Ref<Array> array = Array::create();
+    array->append(nullptr);
+    for (const Ref<ExpressionToken>& token : tokens)
+        array->append(token.get());
+    EXPECT_EQ(shown(adopt(TBFEvaluatorEvaluateExpressionTokensInScope(evaluator, array.get(), 0)).get()),
+              "14");
+    EXPECT_EQ(shown(adopt(TBFEvaluatorEvaluateExpressionTokensInScope(evaluator,
+                                                                      static_cast<const Array*>(nullptr), 0))
+                        .get()),
+              "nothing");
+    TBFEvaluatorFree(evaluator);
 }
 
 } // namespace

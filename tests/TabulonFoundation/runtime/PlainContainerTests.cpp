@@ -40,11 +40,14 @@ TEST(TBFRange, EndsAndCovers) {
     EXPECT_EQ((TBFRange{2147483000, 1000}.end()), TBFRangeLocationMax);
     EXPECT_EQ(TBFRange::between(5, 2), (TBFRange{5, 0}));
     EXPECT_EQ(TBFRange::between(-2147483647, 2147483647).length, TBFRangeLengthMax);
+    for (const int32_t location : {INT32_MIN, -1, 0, 5, INT32_MAX}) {
+        const TBFRange none = {location, INT32_MIN};
+        EXPECT_FALSE(none.runsToEnd()) << location;
+        EXPECT_EQ(none.end(), location) << "a negative length is none";
+    }
     EXPECT_TRUE((TBFRange{3, 2}.contains(4)));
     EXPECT_FALSE((TBFRange{3, 2}.contains(5)));
     EXPECT_TRUE((TBFRange{3, TBFRangeLengthMax}.contains(TBFRangeLocationMax)));
-    EXPECT_EQ((TBFRange{3, 2}.unionWith({8, 1})), (TBFRange{3, 6}));
-    EXPECT_EQ((TBFRange{3, 2}.unionWith({0, TBFRangeLengthMax})), (TBFRange{0, TBFRangeLengthMax}));
 }
 
 TEST(TBFArray, EditsInPlace) {

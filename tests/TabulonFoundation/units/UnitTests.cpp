@@ -80,3 +80,14 @@ TEST(UnitTests, equalityGoesByTypeAndFactor) {
     EXPECT_FALSE(TBFUnitIsEqualToUnit(a.get(), nullptr));
     EXPECT_TRUE(TBFUnitIsEqualToUnit(nullptr, nullptr));
 }
+
+// Everything that counts by type indexed past its end for such a unit.
+TEST(UnitTests, thereIsNoAtomicUnitOfATypeThatOnlyCompositesHave) {
+    const auto one = String::createWithUTF8("1");
+    for (const int32_t type : {-1, 21, 22, 1000}) {
+        const auto unitType = static_cast<TBFUnitType>(type);
+        EXPECT_EQ(TBFUnitCreate(unitType, one.get()), nullptr) << type;
+        EXPECT_EQ(TBFUnitCreate(unitType, one.get(), one.get()), nullptr) << type;
+        EXPECT_EQ(TBFUnitCreateWithSingularName(one.get(), unitType, one.get()), nullptr) << type;
+    }
+}

@@ -223,6 +223,21 @@ TEST_F(TKEnvironmentTests, ChangesAreSavedAndToldOnTheMainQueue) {
     environment->setDelegate(nullptr);
 }
 
+// A host may post these names itself.
+TEST_F(TKEnvironmentTests, NewsWithoutAnObjectAreSavedAndNotTold) {
+    RecordedDelegate delegate;
+    load();
+    RunLoopTesting::runFor(0);
+    environment->setDelegate(&delegate);
+    for (const std::string_view name : {TKVariableWasModified, TKVariableWasMoved, TKVariableWasRemoved,
+                                        TKVariableWasAdded, TKStocksWereAdded, TKStocksWereRemoved,
+                                        TKCurrenciesEnabledStateChanged, TKCurrenciesFavouriteStateChanged})
+        post(name);
+    EXPECT_THAT(delegate.heard, IsEmpty());
+    post(TKCurrenciesEnabledStateChanged, std::make_shared<TKCurrencyArray>());
+    environment->setDelegate(nullptr);
+}
+
 TEST_F(TKEnvironmentTests, NewRatesReachTheUnitsOnceTheyAreAnnounced) {
     load();
     environment->currenciesManager()->currencyWithCode(u"EUR")->setRate(u"0.25");

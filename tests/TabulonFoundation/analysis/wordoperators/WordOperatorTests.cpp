@@ -1,12 +1,19 @@
 #include "analysis/wordoperators/WordOperatorList.h"
 
+#include "analysis/ExpressionToken.h"
 #include "analysis/wordoperators/CompiledWordOperator.h"
+#include "analysis/wordoperators/TBFWordOperatorCompiler.h"
 #include "analysis/wordoperators/TBFWordOperatorList.h"
+#include "analysis/wordoperators/WordOperatorCompiler.h"
 #include "eval/EvaluationContext.h"
 #include "eval/ExpressionNodeEvaluator.h"
+#include "eval/functions/FunctionList.h"
 #include "numbers/Number.h"
 #include "numbers/TBFMAPMExtensions.h"
 #include "numbers/Value.h"
+#include "parser/ExpressionNode.h"
+#include "runtime/PolyString.h"
+#include "units/UnitContainer.h"
 
 #include <gtest/gtest.h>
 
@@ -63,6 +70,32 @@ TEST(WordOperatorList, FindsWordsByTheirExactSpelling) {
     const String* const handles[] = {words[0].get(), words[1].get()};
     EXPECT_TRUE(TBFWordOperatorListWordSequenceIsWordOperator(list.get(), handles, 1, nullptr, nullptr));
     EXPECT_FALSE(TBFWordOperatorListWordSequenceIsWordOperator(list.get(), handles, 2, nullptr, nullptr));
+}
+
+// The nodes read tokens that had been freed with the analysis.
+TEST(WordOperator, ACompiledTemplateKeepsTheTokensOfItsNodes) {
+    const Ref<CompiledWordOperator> compiled =
+        WordOperatorCompiler::shared().compile(*String::create(u"${1}+2"));
+    const ExpressionNode* const root = compiled->rootNode();
+    ASSERT_NE(root, nullptr);
+    EXPECT_EQ(root->expressionToken()->string()->cppString(), "+");
+    ASSERT_EQ(root->children().size(), 2u);
+    EXPECT_EQ(root->children()[1]->expressionToken()->string()->cppString(), "2");
+}
+
+// In a process of its own: the shared compiler is made once.
+TEST(WordOperatorDeathTest, TemplatesCallTheFunctionsGivenAtTheStart) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto callsOwnFunction = [] {
+        const Ref<FunctionList> functions = FunctionList::create();
+        functions->add(Function::create(String::create(u"treble")));
+        TBFWordOperatorCompilerInit(functions.get());
+        const Ref<CompiledWordOperator> compiled =
+            WordOperatorCompiler::shared().compile(*String::create(u"treble(${1})"));
+        const ExpressionNode* const root = compiled->rootNode();
+        std::exit(root && root->function() && root->function()->name().utf8() == "treble" ? 0 : 1);
+    };
+    EXPECT_EXIT(callsOwnFunction(), testing::ExitedWithCode(0), "");
 }
 
 } // namespace

@@ -90,6 +90,65 @@ TEST(VariableList, VariablesOutliveTheirListsAndListsTheirVariables) {
     EXPECT_TRUE(x->setName(string("z"))) << "no list is asked any more";
 }
 
+// Each of these left a variable that knew a list which was gone, and asked it when its name changed.
+TEST(VariableList, NoVariableKnowsAListThatItIsntIn) {
+    const Ref<Variable> twice = variable("a"), replaced = variable("b"), nameless = variable("c");
+    replaced->addAlias(string("beta"));
+    {
+        const Ref<VariableList> list = VariableList::create();
+        list->add(twice);
+        list->add(twice);
+        list->remove(*twice);
+        EXPECT_EQ(list->find(*string("a")).variable, nullptr);
+        EXPECT_TRUE(twice->setName(string("renamed")));
+        EXPECT_EQ(list->find(*string("renamed")).variable, nullptr) << "it was taken out";
+
+        list->add(replaced);
+        const Ref<Variable> namesake = variable("b");
+        list->add(namesake);
+        EXPECT_EQ(list->find(*string("beta")).variable, nullptr) << "its aliases went with it";
+        EXPECT_TRUE(replaced->setName(string("d")));
+        EXPECT_EQ(list->find(*string("b")).variable, namesake.get())
+            << "not taken out by the other's renaming";
+        EXPECT_EQ(list->find(*string("d")).variable, nullptr);
+
+        list->add(nameless);
+        EXPECT_TRUE(nameless->setName(nullptr));
+        EXPECT_EQ(list->find(*string("c")).variable, nullptr);
+        list->add(twice);
+    }
+    for (const Ref<Variable>& each : {twice, replaced, nameless})
+        EXPECT_TRUE(each->setName(string("free")));
+}
+
+TEST(VariableList, AliasesBelongToTheVariableThatHasThem) {
+    const Ref<VariableList> list = VariableList::create();
+    const Ref<Variable> first = variable("first"), second = variable("second");
+    list->add(first);
+    list->add(second);
+    first->addAlias(string("p"));
+    first->addAlias(string("p"));
+    first->removeAlias(*string("p"));
+    EXPECT_EQ(list->find(*string("p")).variable, first.get()) << "one of the two is left";
+    second->addAlias(string("P"));
+    first->removeAlias(*string("p"));
+    EXPECT_EQ(list->find(*string("p")).variable, second.get());
+    second->addAlias(string("q"));
+    first->addAlias(string("q"));
+    second->removeAlias(*string("q"));
+    EXPECT_EQ(list->find(*string("q")).variable, first.get());
+}
+
+TEST(VariableList, AListIsntItsOwnAncestor) {
+    const Ref<VariableList> a = VariableList::create(), b = VariableList::create(),
+                            c = VariableList::create();
+    a->setParentList(b);
+    b->setParentList(c);
+    c->setParentList(a);
+    EXPECT_EQ(c->find(*string("x")).variable, nullptr);
+    EXPECT_EQ(a->countOfVariables(), 0);
+}
+
 TEST(Variable, ValuesDifferFromLineToLine) {
     const Ref<Variable> x = Variable::create();
     x->setValue(string("10"), 0, nullptr, {0, 5});

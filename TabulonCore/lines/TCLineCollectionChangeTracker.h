@@ -50,6 +50,7 @@ public:
         changes.clear();
         allLinesChanged = false;
     }
+    bool hasChanges() const { return allLinesChanged || !changes.empty(); }
 
     // One change touches what it names. Several are not told apart: they touch every line of `collection`.
     TCChangedLineIndexes changedLineIndexesInLineCollection(const TCLineCollection& collection) const;

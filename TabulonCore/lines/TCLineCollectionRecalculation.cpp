@@ -278,8 +278,9 @@ void TCLineCollection::setPreEvaluationBlock(PreEvaluationBlock block) {
 
 void TCLineCollection::notifyDelegateOfEvaluationOfLines(const TCLineIndexSet& evaluated,
                                                          const TCLineIndexSet& implicitlyEvaluated) {
+    const std::shared_ptr<TCLineCollection*> self = backReference; // the delegate may let go of the document
     if (observer && !evaluated.isEmpty()) observer->lineCollectionDidUpdateLinesAtIndexes(*this, evaluated);
-    notifyDelegateOfAutomaticEvaluationOfLinesAtIndexes(implicitlyEvaluated);
+    if (*self) notifyDelegateOfAutomaticEvaluationOfLinesAtIndexes(implicitlyEvaluated);
 }
 
 void TCLineCollection::notifyDelegateOfAutomaticEvaluationOfLinesAtIndexes(const TCLineIndexSet& indexes) {

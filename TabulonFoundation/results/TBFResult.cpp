@@ -6,7 +6,19 @@
 #include "units/TBFUnitTypes.h"
 #include "units/Unit.h"
 
+#include <optional>
+#include <string_view>
+
 using TBF::Result;
+
+namespace {
+
+// As a malloc text; null for no text. Who doesn't want it gives no place.
+void give(std::optional<std::string_view> text, char** out) {
+    if (out) *out = text ? TBF::mallocText(*text) : nullptr;
+}
+
+} // namespace
 
 TBFResultRef TBFResultCreate() {
     return Result::create().leak();
@@ -96,23 +108,25 @@ bool TBFResultEqualToResult(TBFResultRef a, TBFResultRef b) {
 void TBFResultGetDegreesMinutesSeconds(TBFResultRef result, char** degrees, char** minutes, char** seconds,
                                        int32_t secondsPlaces, bool trailingZeros, bool groupThousands,
                                        int32_t groupSize) {
-    *degrees = *minutes = *seconds = nullptr;
+    for (char** const out : {degrees, minutes, seconds})
+        give(std::nullopt, out);
     if (!result) return;
     const auto parts =
         TBF::degreesMinutesSeconds(*result, secondsPlaces, trailingZeros, groupThousands ? groupSize : 0);
     if (!parts) return;
-    *degrees = TBF::mallocText(parts->degrees);
-    *minutes = TBF::mallocText(parts->minutes);
-    *seconds = TBF::mallocText(parts->seconds);
+    give(parts->degrees, degrees);
+    give(parts->minutes, minutes);
+    give(parts->seconds, seconds);
 }
 
 void TBFResultGetFraction(TBFResultRef result, char** whole, char** numerator, char** denominator, int32_t,
                           int32_t, bool mixed) {
-    *whole = *numerator = *denominator = nullptr;
+    for (char** const out : {whole, numerator, denominator})
+        give(std::nullopt, out);
     if (!result) return;
     const auto fraction = TBF::fractionOf(*result, mixed);
     if (!fraction) return;
-    if (fraction->whole) *whole = TBF::mallocText(*fraction->whole);
-    *numerator = TBF::mallocText(fraction->numerator);
-    *denominator = TBF::mallocText(fraction->denominator);
+    give(fraction->whole, whole);
+    give(fraction->numerator, numerator);
+    give(fraction->denominator, denominator);
 }

@@ -52,8 +52,8 @@ TBFUnitFormatType TBFResultGetUnitComponentNameFormat(const TBF::Result* result,
 // Equal values at the larger of the two precisions; results without text compare by their errors.
 bool TBFResultEqualToResult(TBFResultRef a, TBFResultRef b);
 
-// The value, in degrees, as three new malloc texts, which the caller frees; all null when it has none.
-// The sign stands on the degrees.
+// The value, in degrees, as three new malloc texts, which the caller frees; all null when it has none. The
+// sign stands on the degrees. Here and below a part without a place to go to, null, is left out.
 void TBFResultGetDegreesMinutesSeconds(TBFResultRef result, char** degrees, char** minutes, char** seconds,
                                        int32_t secondsPlaces, bool trailingZeros, bool groupThousands,
                                        int32_t groupSize);

@@ -5,6 +5,7 @@
 
 #include "document/DependencyGraph.h"
 #include "environment/TCEvaluator.h"
+#include "eval/variables/Variable.h"
 #include "lines/LineCollectionTesting.h"
 #include "lines/TCLineCollectionStatistics.h"
 #include "lines/TCLineCollectionVariable.h"
@@ -21,6 +22,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 #include <random>
 
 namespace {
@@ -253,7 +255,7 @@ TEST_P(HostileEmbedder, OfDocuments) {
             [&] { document([&](auto& one) { one.endBatchUpdate(); }); },
             [&] { document([&](auto& one) { one.endBatchUpdate(); }); },
             [&] { document([&](auto& one) { one.evaluateLine(line()); }); },
-            [&] { document([&](auto& one) { one.enqueueEvaluationOfLine(line()); }); },
+            [&] { document([&](auto& one) { one.enqueEvaluationOfLine(line()); }); },
             [&] { document([&](auto& one) { one.registerExpressionChangeForLineAtIndex(host.index()); }); },
             [&] {
                 document([&](auto& one) {
@@ -330,6 +332,34 @@ TEST_P(HostileEmbedder, OfDocuments) {
             [&] { documents[host.below(3)] = std::make_shared<TCLineCollection>(); },
             [&] { documents[host.below(3)] = std::make_shared<TCLineCollection>(nullptr); },
         });
+}
+
+// Lets go of the document that it hears of.
+class ClosingDelegate : public TCLineCollectionDelegate {
+public:
+    void lineCollectionDidUpdateLinesAtIndexes(TCLineCollection&, const TCLineIndexSet&) override {
+        document.reset();
+    }
+    std::unique_ptr<TCLineCollection> document;
+};
+
+TEST(HostileDelegate, MayCloseTheDocumentThatItHearsOf) {
+    useEvaluatingEnvironment();
+    const std::function<void(TCLineCollection&)> edits[] = {
+        [](TCLineCollection& document) { document.addLine(lineOf("2")); },
+        [](TCLineCollection& document) { document.lineAtIndex(0)->setExpressionString(u"a = 3"); },
+        [](TCLineCollection& document) { document.removeLineAtIndex(0); },
+        [](TCLineCollection& document) { document.moveLineAtIndex(0, 1); },
+        [](TCLineCollection& document) { document.reevaluateLinesDependingOnVariables(); },
+    };
+    for (const auto& edit : edits) {
+        ClosingDelegate delegate;
+        delegate.document = std::make_unique<TCLineCollection>();
+        fill(*delegate.document, {"a = 1", "a * 2", "a * 3"});
+        delegate.document->setDelegate(&delegate);
+        edit(*delegate.document);
+        EXPECT_EQ(delegate.document, nullptr);
+    }
 }
 
 TEST_P(HostileEmbedder, OfUnits) {

@@ -111,7 +111,7 @@ Value* TBFFunctionExecute(const Function* function, Value* const* values, int32_
                           TBF::MAPMContext* registers, TBF::EvaluationContext* context,
                           TBF::EvalMetadata** metadataOut) {
     if (metadataOut) *metadataOut = nullptr;
-    if (!function || !registers || count < 0) return nullptr;
+    if (!function || !registers || count < 0 || (!values && count > 0)) return nullptr;
     Ref<TBF::EvalMetadata> metadata;
     Ref<Value> value = function->execute({{values, static_cast<std::size_t>(count)}, *registers, context},
                                          metadataOut ? &metadata : nullptr);
@@ -121,6 +121,7 @@ Value* TBFFunctionExecute(const Function* function, Value* const* values, int32_
 
 Value* TBFFunctionExecute(const Function* function, const M_APM* digits, int32_t count,
                           TBF::MAPMContext* registers, TBF::EvaluationContext* context) {
+    if (!digits && count > 0) return nullptr;
     std::vector<Ref<Value>> owners;
     for (int32_t i = count; i > 0; --i)
         owners.push_back(Value::create(TBF::Number::create(digits[i - 1], TBFNumberTypeDecimal)));

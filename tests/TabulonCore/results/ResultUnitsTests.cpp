@@ -175,6 +175,13 @@ TEST_F(ResultUnits, StatisticsAddWithUnits) {
     EXPECT_EQ(total(document({"2 km", "500 m", "prose"}), TCStatisticTypeTotal), "2,500 m");
     EXPECT_EQ(total(document({"2 km", "1 km"}), TCStatisticTypeAverage), "1.5 km");
     EXPECT_EQ(total(document({"2 km", "5 kg"}), TCStatisticTypeTotal), "-");
+
+    // In an environment of its own: without units they are words.
+    const auto bare = TCEnvironment::make();
+    bare->setVariables(std::make_shared<TCVariableList>());
+    const auto sum = TCLineCollectionStatistics(document({"2 km", "3 km"}), bare);
+    EXPECT_EQ(TCLineCollectionStatistics(sum).getStatistic(TCStatisticTypeTotal)->unit(), nullptr);
+
     // Percentages add where every line with a value is one.
     EXPECT_EQ(total(document({"10%", "", "20%", "prose"}), TCStatisticTypeTotal), "30");
     EXPECT_EQ(total(document({"10%", "", "20"}), TCStatisticTypeTotal), "");

@@ -139,4 +139,16 @@ TEST(Exporter, ALongLineTakesLinearTime) {
     EXPECT_NE(firstRow({text}).find("<td class=\"answer\">50,001</td>"), std::string::npos);
 }
 
+// For hosts that put the body into a page of their own.
+TEST(Exporter, TheBodyIsThatOfThePage) {
+    const Style style;
+    TKLineCollectionExporter exporter(document({u"2 + 3"}));
+    const std::string body = exporter.bodyHTMLWithStyle(&style);
+    const std::string page = *exporter.mutableHTMLSourceWithCSS("p {}", &style);
+    EXPECT_EQ(between(page, "<body>\n", "</body>"), body);
+    EXPECT_EQ(between(page, "media=\"all\">\n", "\n</style>"), "p {}");
+    EXPECT_EQ(TKLineCollectionExporter().bodyHTMLWithStyle(&style), "");
+    EXPECT_FALSE(TKLineCollectionExporter().mutableHTMLSourceWithCSS(std::nullopt, nullptr));
+}
+
 } // namespace

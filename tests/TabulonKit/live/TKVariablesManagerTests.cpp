@@ -127,7 +127,10 @@ TEST_F(TKVariablesManagerTests, AValueIsWhatItsTextComesTo) {
     EXPECT_EQ(manager->variableNamed(u"a")->value(), u"6");
     EXPECT_TRUE(manager->setValueOfVariable(manager->variableNamed(u"a"), std::nullopt));
     EXPECT_EQ(manager->variableNamed(u"a")->value(), u"1.0");
+    TCVariableNameError error;
     EXPECT_FALSE(manager->setValueOfVariable(nullptr, u"1"));
+    EXPECT_FALSE(manager->setValueOfVariable(nullptr, u"1", &error));
+    EXPECT_EQ(error.code, 2048);
 }
 
 TEST_F(TKVariablesManagerTests, EverythingOfAVariableIsSavedAndRead) {

@@ -246,6 +246,9 @@ TEST(FunctionList, ANameBeatsAnAliasAndAListItsParent) {
     EXPECT_TRUE(above.exactCase);
     EXPECT_TRUE(above.fromParent);
     EXPECT_EQ(TBFFunctionListGetFunctionWithName(list.get(), "volume"), nullptr);
+    ASSERT_EQ(TBFFunctionGetAliasesReference(outer.get()).size(), 1u);
+    EXPECT_EQ(TBFFunctionGetAliasesReference(outer.get())[0]->utf8(), "surface");
+    EXPECT_TRUE(TBFFunctionGetAliasesReference(nullptr).empty());
 }
 
 } // namespace

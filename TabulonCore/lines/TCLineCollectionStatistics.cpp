@@ -62,6 +62,7 @@ std::shared_ptr<TCResult> TCLineCollectionStatistics::getStatistic(int32_t type)
 
 std::shared_ptr<TCResult> TCLineCollectionStatistics::getStatistic(int32_t type,
                                                                    const TCLineIndexSet& forLinesAtIndexes) {
+    if (!collection || !evaluator) return TCResult::emptyResult();
     const std::shared_ptr<TCExpression> formula = expression(type, forLinesAtIndexes);
     return formula && evaluator ? evaluator->evaluateExpression(formula) : TCResult::emptyResult();
 }

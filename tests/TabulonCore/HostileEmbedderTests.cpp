@@ -12,6 +12,7 @@
 #include "lines/TCLineIndexSet.h"
 #include "results/TCResult.h"
 #include "runtime/String.h"
+#include "runtime/TBFLog.h"
 #include "units/TCBasicUnit.h"
 #include "units/TCUnit.h"
 #include "units/TCUnitCollection.h"
@@ -72,7 +73,11 @@ private:
 
 class HostileEmbedder : public testing::TestWithParam<uint32_t> {
 protected:
-    HostileEmbedder() { useEvaluatingEnvironment(); }
+    HostileEmbedder() {
+        useEvaluatingEnvironment();
+        TBFErrorLogEnabled = 0;
+    }
+    ~HostileEmbedder() override { TBFErrorLogEnabled = 1; }
     Host host{GetParam()};
 };
 

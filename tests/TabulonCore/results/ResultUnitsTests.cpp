@@ -14,6 +14,7 @@
 #include "runtime/Unicode.h"
 #include "units/TCBasicUnit.h"
 #include "units/TCUnitCollection.h"
+#include "variables/TCVariableList.h"
 
 #include <gtest/gtest.h>
 
@@ -179,8 +180,8 @@ TEST_F(ResultUnits, StatisticsAddWithUnits) {
     // In an environment of its own: without units they are words.
     const auto bare = TCEnvironment::make();
     bare->setVariables(std::make_shared<TCVariableList>());
-    const auto sum = TCLineCollectionStatistics(document({"2 km", "3 km"}), bare);
-    EXPECT_EQ(TCLineCollectionStatistics(sum).getStatistic(TCStatisticTypeTotal)->unit(), nullptr);
+    TCLineCollectionStatistics elsewhere(document({"2 km", "3 km"}), bare);
+    EXPECT_EQ(elsewhere.getStatistic(TCStatisticTypeTotal)->unit(), nullptr);
 
     // Percentages add where every line with a value is one.
     EXPECT_EQ(total(document({"10%", "", "20%", "prose"}), TCStatisticTypeTotal), "30");

@@ -151,7 +151,9 @@ TEST_P(HostileEmbedder, OfListsOfVariables) {
                 list([&](auto& one) {
                     const std::u16string name = host.name();
                     const auto found = one.variableWithExactCaseName(name);
-                    if (found && found->name() == name) ASSERT_TRUE(one.containsVariableWithName(name));
+                    if (found && found->name() == name) {
+                        ASSERT_TRUE(one.containsVariableWithName(name));
+                    }
                 });
             },
             [&] {

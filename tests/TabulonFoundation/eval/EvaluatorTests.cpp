@@ -122,9 +122,9 @@ TEST(Evaluator, AHostReadsTheTreeOfTheLastEvaluation) {
     const Ref<String> text = String::create(u"2 + 3 * 4");
     EXPECT_EQ(TBFEvaluatorGetDebugInfo(evaluator), nullptr);
     TBFEvaluatorSetDebugEnabled(evaluator, true);
-    adopt(TBFEvaluatorEvaluateString(evaluator, text.get()));
+    EXPECT_NE(adopt(TBFEvaluatorEvaluateString(evaluator, text.get())), nullptr);
     EXPECT_STREQ(TBFEvaluatorDebugInfoGetTreeString(TBFEvaluatorGetDebugInfo(evaluator)), "(2+(3*4))");
-    adopt(TBFEvaluatorEvaluateString(evaluator, String::create(u"").get()));
+    EXPECT_EQ(adopt(TBFEvaluatorEvaluateString(evaluator, String::create(u"").get())), nullptr);
     EXPECT_STREQ(TBFEvaluatorDebugInfoGetTreeString(TBFEvaluatorGetDebugInfo(evaluator)), "");
 
     // Tokens from an array, as a host has them.

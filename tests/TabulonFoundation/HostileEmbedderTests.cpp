@@ -268,7 +268,7 @@ TEST_P(HostileEmbedder, OfUnits) {
         {
             [&] {
                 units[host.below(5)] =
-                    drop(TBFUnitCreate(type(), host.coin() ? factor().get() : host.word(), host.word()));
+                    adopt(TBFUnitCreate(type(), host.coin() ? factor().get() : host.word(), host.word()));
             },
             [&] {
                 units[host.below(5)] = adopt(TBFUnitCreateWithSingularName(host.word(), type(), host.word()));

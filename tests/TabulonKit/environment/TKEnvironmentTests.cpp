@@ -4,7 +4,6 @@
 #include "RunLoopTesting.h"
 #include "environment/TKFolders.h"
 #include "environment/TKLocalizationManager.h"
-#include "runtime/TBFLog.h"
 #include "results/TCResult.h"
 #include "runtime/TBFLog.h"
 #include "units/TCUnit.h"

@@ -156,7 +156,7 @@ class AnswersTests(CommandTests):
                                                 stdin="10%\n\n20%\n"), f"10%\n\n20%\n{expected}\n")
 
     def test_readings_can_be_turned_off_and_no_message_of_the_engine_is_seen(self):
-        lines = "asin(2)\nacosh(0.5)\natanh(1)\n(-8)^1.5\n5 mod 3\n5 mod 0\n2 m ^ 3 m\n"
+        lines = "asin(2)\nacosh(0.5)\natanh(1)\n(-8)^1.5\n5 mod 3\n5 mod 0\n(2 m) ^ (3 m)\n"
         for options, expected in (((), "Error\nError\nError\n\n2\n5\n\n"),
                                   (("--plain-rules",), "0\n0\n0\n\n2\n5\n\n")):
             with self.subTest(options):

@@ -434,10 +434,12 @@ TEST_F(TKFoldersTests, ALinkToNothingGivesWay) {
 TEST_F(TKFoldersTests, AFolderThatCannotBeMadeIsNoReasonToStop) {
     std::ofstream(root / "file") << "x";
     setenv("XDG_DATA_HOME", (root / "file").c_str(), 1);
+    TBFErrorLogSetEnabled(1);
     testing::internal::CaptureStderr();
     EXPECT_EQ(TKApplicationSupportDirectory(), (root / "file/Tabulon").string());
     EXPECT_THAT(testing::internal::GetCapturedStderr(),
                 HasSubstr("Error creating application support directory"));
+    TBFErrorLogSetEnabled(0);
 }
 
 TEST_F(TKFoldersTests, WithoutAHomeOnlyAPrivateTemporaryFolderWillDo) {

@@ -58,6 +58,7 @@ TEST(LineBudget, work_without_bound_is_an_error_and_takes_seconds_at_most) {
     };
     for (const std::string& row : rows) {
         TCLineCollection lines;
+        lines.setLineBudget(TBF::standardLineBudget / 10);
         const auto start = std::chrono::steady_clock::now();
         fill(lines, {row});
         const auto taken = std::chrono::steady_clock::now() - start;

@@ -14,16 +14,13 @@ constexpr const char* folderName = "quicklook-data";
 
 } // namespace
 
-// A faulty package costs the saved values and not the preview. The team would name a folder that applications
-// of one maker share; where the platform has no such folders, each application has its own.
+// The team would name a folder that applications of one maker share; where the platform has no such folders, each
+// application has its own, and a host that names no team, or has no information at all, has the same one.
 std::optional<std::string> TBPaths::quicklookDataFolderForBundle(const platform::Bundle& bundle) {
     if (bundle.infoDictionary().isNull()) {
         TBFErrorLog("%s", "Info dictionary doesn't exist");
-        return std::nullopt;
-    }
-    if (!bundle.infoText(teamKey)) {
+    } else if (!bundle.infoText(teamKey)) {
         TBFErrorLog("Expected value for key '%s' in Info.plist not found", teamKey);
-        return std::nullopt;
     }
     const auto base = TKApplicationSupportDirectory();
     if (!base) {

@@ -1,14 +1,15 @@
 #include "PlugInHost.h"
 
+#include "CommandFailure.h"
 #include "QuickLookGeneratorPlugin.h"
 #include "bootstrap.h"
 #include "bundle/Bundle.h"
+#include "environment/TKEnvironment.h"
 #include "numbers/WorkBudget.h"
+#include "process/ProgramPlaces.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <filesystem>
-#include <iterator>
 #include <vector>
 
 namespace {
@@ -30,31 +31,47 @@ bool hasContent(const fs::path& folder) {
 
 std::vector<fs::path> placesOfContent(const HostOptions& options) {
     if (options.contentFolder) return {*options.contentFolder};
-    std::error_code error;
-    const fs::path program = fs::read_symlink("/proc/self/exe", error);
     std::vector<fs::path> places;
-    if (!error)
-        for (const char* place : contentPlaces)
+    for (const fs::path& program : placesOfProgram())
+        for (const char* const place : contentPlaces)
             places.push_back((program.parent_path() / place).lexically_normal());
     return places;
 }
 
-void reportMissingContent(const std::vector<fs::path>& places) {
+[[noreturn]] void failWithoutContent(const std::vector<fs::path>& places) {
     std::string text;
     for (const fs::path& place : places)
         text += (text.empty() ? "" : " or ") + place.string();
-    std::replace_if(
-        text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, '?');
-    std::fprintf(stderr, "tabulon: there is no %s in %s: units and currencies are unknown\n", contentName,
-                 text.empty() ? "reach" : text.c_str());
+    throw CommandFailure{ExitCodeFailed,
+                         {},
+                         std::string("there is no ") + contentName + " in " + (text.empty() ? "reach" : text) +
+                             ": --content DIR says where it is, --no-content does without units and currencies"};
+}
+
+// The sentences as one, without the points at their ends.
+std::string joined(const std::vector<std::string>& sentences) {
+    std::string text;
+    for (const std::string& sentence : sentences) {
+        text += (text.empty() ? "" : "; ") + sentence;
+        if (text.ends_with('.')) text.pop_back();
+    }
+    return text;
 }
 
 } // namespace
 
 void hostPlugIn(const HostOptions& options) {
-    setBootstrapChoices({options.language, options.dataFolder, documentBudget, !options.plainRules});
+    setBootstrapChoices({options.language, options.dataFolder, documentBudget, !options.plainRules, true});
+    if (options.isWithoutContent) return;
     const std::vector<fs::path> places = placesOfContent(options);
     const auto found = std::find_if(places.begin(), places.end(), hasContent);
-    if (found == places.end()) return reportMissingContent(places);
+    if (found == places.end()) failWithoutContent(places);
     platform::Bundle::registerBundle(kPlugInBundleIdentifier, found->string());
+}
+
+void startEngine() {
+    bootstrap(platform::Bundle::bundleWithIdentifier(kPlugInBundleIdentifier).get());
+    const auto environment = TKEnvironment::sharedEnvironment();
+    if (!environment || environment->contentFailures().empty()) return;
+    throw CommandFailure{ExitCodeFailed, {}, "the content is damaged: " + joined(environment->contentFailures())};
 }

@@ -9,6 +9,7 @@
 #include "environment/TKEnvironment.h"
 #include "environment/TKEnvironmentBuilder.h"
 #include "environment/TKFolders.h"
+#include "environment/TKLog.h"
 
 #include <mutex>
 #include <utility>
@@ -38,11 +39,13 @@ void loadColors(const platform::Bundle& bundle) {
 bool loadEnvironment(const platform::Bundle& bundle) {
     const auto content = bundle.pathForResource("TBContent", "bundle");
     if (!content) {
+        if (!choices().tellsOfContent) TKLog("There is no content at %s", bundle.path().c_str());
         loadColors(bundle);
         return false;
     }
     const auto environment = environmentForBundle(bundle);
     environment->setUpdatesValuesFromWeb(false); // a preview never goes to the network
+    environment->setLogsContentFailures(!choices().tellsOfContent);
     environment->loadFromBundleAtPath(*content, choices().localization);
     loadColors(bundle); // meanwhile
     environment->completeLoading();

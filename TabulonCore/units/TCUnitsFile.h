@@ -15,4 +15,5 @@ class TCUnitsFile {
 public:
     std::vector<std::shared_ptr<TCUnit>> units; // in the order of loading
     std::map<TCUnitType, std::u16string> baseUnitIdentifiersByType;
+    std::vector<std::string> failures; // why files could not be used, a sentence each
 };

@@ -84,9 +84,18 @@ std::optional<PropertyList> readList(const std::string& path, std::string* error
     return PropertyList::read(failed ? path : resolved.string(), error);
 }
 
-PropertyList localizationAt(const std::string& path) {
-    if (path.empty()) return {};
-    return readList(path, nullptr).value_or(PropertyList());
+// What is needed of a list stands under this key. Null, and a failure, for a list without it.
+PropertyList listWith(std::string_view key, const std::string& path, std::vector<std::string>& failures) {
+    std::string error;
+    auto list = readList(path, &error);
+    if (list && !(*list)[key].isNull()) return std::move(*list);
+    failures.push_back(list ? path + ": it has no \"" + std::string(key) + "\"" : error);
+    TBFErrorLog("Error while opening names or data of units: '%s'", failures.back().c_str());
+    return {};
+}
+
+PropertyList localizationAt(const std::string& path, std::vector<std::string>& failures) {
+    return path.empty() ? PropertyList() : listWith("Names", path, failures);
 }
 
 } // namespace
@@ -408,14 +417,13 @@ TCUnitsFile TCUnitsFileParser::readUnits(const PropertyList& units, const Proper
 TCUnitsFile TCUnitsFileParser::readUnitsFile(const std::string& path, const std::string& localizationFile,
                                              const std::string& fallbackLocalizationFile,
                                              const TCUnitsPreferenceChoices& preferences) {
-    std::string error;
-    const auto units = readList(path, &error);
-    if (!units) {
-        TBFErrorLog("Error while opening units data: '%s'", error.c_str());
-        return {};
-    }
-    return readUnits(*units, localizationAt(localizationFile), localizationAt(fallbackLocalizationFile),
-                     preferences);
+    std::vector<std::string> failures;
+    const PropertyList units = listWith("Units", path, failures);
+    const PropertyList names = localizationAt(localizationFile, failures);
+    const PropertyList fallbackNames = localizationAt(fallbackLocalizationFile, failures);
+    TCUnitsFile file = readUnits(units, names, fallbackNames, preferences);
+    file.failures = std::move(failures);
+    return file;
 }
 
 std::vector<std::shared_ptr<TCMutableBasicUnit>>
@@ -432,12 +440,8 @@ TCUnitsFileParser::loadCurrencyUnits(const PropertyList& localization) {
 }
 
 std::vector<std::shared_ptr<TCMutableBasicUnit>>
-TCUnitsFileParser::loadCurrencyUnitsFromLocalizationFile(const std::string& path) {
-    std::string error;
-    const auto localization = readList(path, &error);
-    if (!localization) {
-        TBFErrorLog("Error while opening currency names: '%s'", error.c_str());
-        return {};
-    }
-    return loadCurrencyUnits(*localization);
+TCUnitsFileParser::loadCurrencyUnitsFromLocalizationFile(const std::string& path,
+                                                         std::vector<std::string>* failures) {
+    std::vector<std::string> unheard;
+    return loadCurrencyUnits(listWith("Currencies", path, failures ? *failures : unheard));
 }

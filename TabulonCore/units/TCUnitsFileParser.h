@@ -18,9 +18,9 @@
 
 class TCUnitsFileParser {
 public:
-    // The units file gives the units, the localizations their names. An unreadable units file is logged and
-    // gives no units; a missing localization counts as empty. Of the preferences, the chosen options' units
-    // exist.
+    // The units file gives the units, the localizations their names. A file that can't be read counts as empty
+    // and is named in the `failures`; so is one that holds nothing of its kind. A localization may be left out
+    // by an empty path. Of the preferences, the chosen options' units exist.
     static TCUnitsFile readUnitsFile(const std::string& path, const std::string& localizationFile,
                                      const std::string& fallbackLocalizationFile,
                                      const TCUnitsPreferenceChoices& preferences);
@@ -31,9 +31,11 @@ public:
                                  const platform::PropertyList& fallbackLocalization,
                                  const TCUnitsPreferenceChoices& preferences);
 
-    // One unit for each currency, with factor 1. An unreadable file is logged and gives none.
+    // One unit for each currency, with factor 1. A file that can't be used gives none, is logged, and named
+    // in a sentence behind the `failures`, if they are given.
     static std::vector<std::shared_ptr<TCMutableBasicUnit>>
-    loadCurrencyUnitsFromLocalizationFile(const std::string& path);
+    loadCurrencyUnitsFromLocalizationFile(const std::string& path,
+                                          std::vector<std::string>* failures = nullptr);
     static std::vector<std::shared_ptr<TCMutableBasicUnit>>
     loadCurrencyUnits(const platform::PropertyList& localization);
 

@@ -81,6 +81,7 @@ void TKEnvironment::_reset() {
     loadingFuture = nullptr;
     isBundleLoaded = false;
     bundlePath.clear();
+    failures.clear();
 }
 
 const std::shared_ptr<TKUnitsManager>& TKEnvironment::unitsManager() {

@@ -70,6 +70,12 @@ public:
     void completeLoading();
     bool bundleLoaded() const { return isBundleLoaded; }
 
+    // What of the bundle is missing or damaged, a sentence for each file, which it names; empty if all is well.
+    // For after the loading. A host that doesn't tell its user itself leaves the log on: a line on standard error
+    // for each.
+    const std::vector<std::string>& contentFailures() const { return failures; }
+    void setLogsContentFailures(bool log) { isLoggingFailures = log; }
+
     // Currencies, stocks and variables, as far as they are enabled. False if one of them couldn't be written.
     bool saveToDirectory(const std::string& folder);
 
@@ -130,6 +136,10 @@ private:
     void _loadVariablesFromBundle(const Bundle& bundle, const std::string& localization);
     void _loadStocksFromBundle(const Bundle& bundle, const std::string& localization);
     void _loadLocalizedStuffFromBundle(const Bundle& bundle, const std::string& localization);
+    std::optional<std::string> neededList(const Bundle& bundle, std::string_view name,
+                                          const std::string& localization);
+    platform::PropertyList contentsOf(const std::optional<std::string>& path);
+    void addFailures(const std::vector<std::string>& sentences);
     void setupSharedInstances();
     void _finishLoadingBundle();
     void tellThatBundleWasLoaded(const Bundle& bundle);
@@ -172,6 +182,8 @@ private:
     std::vector<platform::NotificationCenter::Observation> observations;
     bool isBundleLoaded = false;
     std::string bundlePath;
+    std::vector<std::string> failures; // of the last loading
+    bool isLoggingFailures = true;
     std::string language;
     bool areVariablesEnabled = true;
     bool areStocksEnabled = true;

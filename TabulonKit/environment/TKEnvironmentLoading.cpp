@@ -13,8 +13,10 @@
 #include "environment/TKLog.h"
 #include "live/TKCurrencyRatesToUnitsHelper.h"
 #include "locale/Locale.h"
+#include "runtime/TBFLog.h"
 #include "units/TKUnitsManager.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace {
@@ -38,22 +40,16 @@ Path pathForResource(std::string_view name, std::string_view type, const std::st
     return inBundle.pathForResource(name, type);
 }
 
-// Null, and a report, for a list that is there and can't be read.
-PropertyList listAt(const Path& path) {
-    if (!path) return {};
-    std::string error;
-    auto list = PropertyList::read(*path, &error);
-    if (!list) TKLog("%s", error.c_str());
-    return list ? std::move(*list) : PropertyList();
-}
-
 } // namespace
 
 void TKEnvironment::load(const Bundle& bundle, const std::string& localization) {
     if (bundle)
         _loadAllFromBundle(bundle, localization);
     else
-        TKLog("There is no content at %s", bundlePath.c_str());
+        addFailures({bundlePath + ": there is no such content"});
+    if (isLoggingFailures)
+        for (const std::string& failure : failures)
+            TKLog("%s", failure.c_str());
     setupSharedInstances();
     _finishLoadingBundle();
     tellThatBundleWasLoaded(bundle);
@@ -69,15 +65,37 @@ void TKEnvironment::_loadAllFromBundle(const Bundle& bundle, const std::string& 
     _loadLocalizedStuffFromBundle(bundle, localization);
 }
 
+// The path of a list without which the content isn't whole; none, and a failure, if there is no such list.
+Path TKEnvironment::neededList(const Bundle& bundle, std::string_view name, const std::string& localization) {
+    Path path = pathForResource(name, listType, localization, *bundle);
+    if (!path) addFailures({bundle->path() + ": " + std::string(name) + ".plist is missing"});
+    return path;
+}
+
+// Null, and a failure, for a list that is there and can't be read.
+PropertyList TKEnvironment::contentsOf(const Path& path) {
+    if (!path) return {};
+    std::string error;
+    auto list = PropertyList::read(*path, &error);
+    if (!list) addFailures({error});
+    return list ? std::move(*list) : PropertyList();
+}
+
+// A file that two managers read fails once.
+void TKEnvironment::addFailures(const std::vector<std::string>& sentences) {
+    for (const std::string& sentence : sentences)
+        if (std::ranges::find(failures, sentence) == failures.end()) failures.push_back(sentence);
+}
+
 // English stands behind the language, text by text.
 void TKEnvironment::_loadLocalizedStringsFromBundle(const Bundle& bundle, const std::string& localization) {
     platform::LocalizedStrings strings;
     const Path paths[] = {
         bundle->pathForResource("Localizable", listType, kTKLocalizationNameEnglish),
-        pathForResource("Localizable", listType, localization, *bundle),
+        neededList(bundle, "Localizable", localization),
     };
     for (const Path& path : paths) {
-        const PropertyList texts = listAt(path);
+        const PropertyList texts = contentsOf(path);
         for (const auto& [key, value] : texts.dictionary())
             if (const auto text = value.string()) strings.insert_or_assign(key, std::string(*text));
     }
@@ -85,23 +103,26 @@ void TKEnvironment::_loadLocalizedStringsFromBundle(const Bundle& bundle, const 
 }
 
 void TKEnvironment::_loadUnitsFromBundle(const Bundle& bundle, const std::string& localization) {
-    const Path names = pathForResource("UnitLocalization", listType, localization, *bundle);
+    const Path units = neededList(bundle, "Units", localization);
+    const Path names = neededList(bundle, "UnitLocalization", localization);
     Path fallback;
     if (!TKLocalizationIsEnglish(localization))
         fallback =
             pathForResource("UnitLocalization", listType, std::string(kTKLocalizationNameEnglish), *bundle);
-    unitsManager()->loadUnitsFromFile(pathForResource("Units", listType, localization, *bundle).value_or(""),
-                                      names.value_or(""), fallback.value_or(""));
+    if (units) unitsManager()->loadUnitsFromFile(*units, names.value_or(""), fallback.value_or(""));
 }
 
 void TKEnvironment::_loadCurrencyUnitsFromBundle(const Bundle& bundle, const std::string& localization) {
-    const Path defaults = pathForResource("Currencies", listType, localization, *bundle);
-    const Path names = pathForResource("CurrencyLocalization", listType, localization, *bundle);
+    const Path defaults = neededList(bundle, "Currencies", localization);
+    const Path names = neededList(bundle, "CurrencyLocalization", localization);
     if (!names)
-        TKLog("WARNING: No currencies localization file found for %s",
+        TBFErrorLog("WARNING: No currencies localization file found for %s",
               localization.empty() ? "the user's language" : localization.c_str());
     const auto& manager = currenciesManager();
-    manager->registerDefaultCurrencies(listAt(defaults)["TKCurrencies"]);
+    const PropertyList rates = contentsOf(defaults);
+    if (!rates.isNull() && rates["TKCurrencies"].isNull())
+        addFailures({*defaults + ": it has no \"TKCurrencies\""});
+    manager->registerDefaultCurrencies(rates["TKCurrencies"]);
     if (names) unitsManager()->loadCurrenciesFromLocalizationFile(*names);
     if (const Path saved = pathForSavedFile(currenciesDataSourcePathInDir))
         if (!manager->loadCurrenciesFromPath(*saved)) damagedFiles.insert(*saved);
@@ -129,12 +150,15 @@ void TKEnvironment::_loadStocksFromBundle(const Bundle& bundle, const std::strin
 
 void TKEnvironment::_loadLocalizedStuffFromBundle(const Bundle& bundle, const std::string& localization) {
     const auto& manager = localizationManager();
+    neededList(bundle, "PercentageOperators", localization);
     manager->setPercentageOperatorsPlistFileName("PercentageOperators", bundle, localization);
-    manager->setWordOperatorsPlistFile(pathForResource("WordOperators", listType, localization, *bundle));
+    manager->setWordOperatorsPlistFile(neededList(bundle, "WordOperators", localization));
     if (areUnitsEnabled)
         manager->setUnitLocalizationPlistFile(
             pathForResource("UnitLocalization", listType, localization, *bundle));
     if (areCurrenciesEnabled) refreshCurrencyLocale();
+    addFailures(unitsManager()->failures());
+    addFailures(manager->failures());
 }
 
 void TKEnvironment::setupSharedInstances() {

@@ -55,14 +55,6 @@ TCExpressionSubstituter& substituter() {
     return *TCExpressionSubstituter::defaultSubstituter();
 }
 
-// Null, and a report, for a file that can't be read.
-PropertyList contentsOf(const std::string& path) {
-    std::string error;
-    auto contents = PropertyList::read(path, &error);
-    if (!contents) TKLog("Localization: %s", error.c_str());
-    return contents ? std::move(*contents) : PropertyList();
-}
-
 void reportEntry(const PropertyList& entry) {
     std::string text;
     for (const auto& [key, value] : entry.dictionary())
@@ -86,6 +78,15 @@ TKLocalizationManager::TKLocalizationManager(std::shared_ptr<TKUnitsManager> uni
 }
 
 TKLocalizationManager::~TKLocalizationManager() = default;
+
+// Null, and a failure, for a file that can't be read.
+PropertyList TKLocalizationManager::contentsOf(const std::string& path) {
+    std::string error;
+    auto contents = PropertyList::read(path, &error);
+    if (contents) return std::move(*contents);
+    readingFailures.push_back(error);
+    return {};
+}
 
 void TKLocalizationManager::setPercentageOperatorsPlistFileName(
     std::string_view name, std::shared_ptr<const platform::Bundle> bundle, std::string_view localization) {

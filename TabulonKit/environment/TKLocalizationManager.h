@@ -5,6 +5,8 @@
 // as "$" means, which several currencies have, to the units. Filled by the load job, then used on the main
 // thread.
 
+#include "propertylist/PropertyList.h"
+
 #include <memory>
 #include <optional>
 #include <span>
@@ -51,6 +53,9 @@ public:
     void refreshWordOperators();
     void refreshUnitLocalization();
 
+    // Why files could not be read so far, a sentence each.
+    const std::vector<std::string>& failures() const { return readingFailures; }
+
     // The code of the currency that the user's surroundings have, if there is a unit for it; otherwise "USD".
     std::u16string bestCurrencyCodeForCurrentLocale() const;
 
@@ -66,6 +71,7 @@ public:
     const std::shared_ptr<TCWordOperatorList>& wordOperatorList() const { return words; }
 
 private:
+    platform::PropertyList contentsOf(const std::string& path);
     std::u16string codeMeantByClash(const TKClashingSymbol& clash, std::u16string_view code) const;
 
     std::shared_ptr<TKUnitsManager> units;
@@ -74,4 +80,5 @@ private:
     std::optional<std::string> wordOperatorsFilePath;
     std::vector<std::string> percentageOperatorsFilePaths;
     std::optional<std::string> unitLocalizationFilePath;
+    std::vector<std::string> readingFailures;
 };

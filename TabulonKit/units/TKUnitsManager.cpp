@@ -20,6 +20,7 @@ void TKUnitsManager::loadUnitsFromFile(const std::string& path, const std::strin
     for (const auto& unit : loaded.units)
         unitsByIdentifier.erase(unit->identifierBytes());
     loaded = TCUnitsFileParser::readUnitsFile(path, localizationFile, fallbackLocalizationFile, preferences);
+    loadingFailures = loaded.failures;
     unitsByIdentifier.reserve(unitsByIdentifier.size() + loaded.units.size());
     for (const auto& unit : loaded.units)
         enter(unit);
@@ -28,7 +29,7 @@ void TKUnitsManager::loadUnitsFromFile(const std::string& path, const std::strin
 
 void TKUnitsManager::loadCurrenciesFromLocalizationFile(const std::string& path) {
     if (enabledUnits->countUnitsOfType(TCUnitTypeMoney) > 0) return;
-    for (const auto& unit : TCUnitsFileParser::loadCurrencyUnitsFromLocalizationFile(path))
+    for (const auto& unit : TCUnitsFileParser::loadCurrencyUnitsFromLocalizationFile(path, &loadingFailures))
         enter(unit);
 }
 

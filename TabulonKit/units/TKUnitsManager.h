@@ -23,13 +23,16 @@ public:
     TKUnitsManager();
     ~TKUnitsManager();
 
-    // Reads the units data with the present preferences and enables all of it. Paths may be empty; a file
-    // that can't be read is logged and counts as empty.
+    // Reads the units data with the present preferences and enables all of it. Paths of names may be empty; a
+    // file that can't be used counts as empty, and is named in `failures`.
     void loadUnitsFromFile(const std::string& path, const std::string& localizationFile,
                            const std::string& fallbackLocalizationFile);
 
     // Makes the money units known, not enabled. Nothing happens if money units are enabled already.
     void loadCurrenciesFromLocalizationFile(const std::string& path);
+
+    // Why files of the loads so far could not be used, a sentence each.
+    const std::vector<std::string>& failures() const { return loadingFailures; }
 
     // Known units, enabled or not; null for none. The second only for a unit whose factor can change.
     std::shared_ptr<TCUnit> unitWithIdentifier(std::u16string_view identifier) const;
@@ -57,4 +60,5 @@ private:
         unitsByIdentifier; // keys are the units' own
     TCUnitsFile loaded; // all units but money
     TCUnitsPreferenceChoices preferences;
+    std::vector<std::string> loadingFailures;
 };

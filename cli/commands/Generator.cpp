@@ -1,8 +1,10 @@
 #include "commands/Generator.h"
 
 #include "CommandFailure.h"
+#include "PlugInHost.h"
 
 Generator loadGenerator() {
+    startEngine();
     const Generator plugin(
         static_cast<QLGeneratorInstance>(QuickLookGeneratorPluginFactory(nullptr, &kQLGeneratorTypeID)));
     void* generator = nullptr;

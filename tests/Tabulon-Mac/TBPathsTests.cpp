@@ -54,16 +54,16 @@ TEST_F(TBPathsTests, AFolderThatCannotBeMadeHasItsPathAllTheSame) {
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("Error creating directory '"));
 }
 
-TEST_F(TBPathsTests, APackageWithFaultsHasNoFolder) {
+TEST_F(TBPathsTests, AnEmbedderNeedsNoTeam) {
     testing::internal::CaptureStderr();
-    EXPECT_EQ(TBPaths::quicklookDataFolderForBundle({"example.paths", root.string()}), std::nullopt);
-    EXPECT_EQ(TBPaths::quicklookDataFolderForBundle(bundleWith("<key>A</key><string>b</string>")),
-              std::nullopt);
+    const std::string folder = (root / "data/Tabulon/quicklook-data").string();
+    EXPECT_EQ(TBPaths::quicklookDataFolderForBundle({"example.paths", root.string()}), folder);
+    EXPECT_EQ(TBPaths::quicklookDataFolderForBundle(bundleWith("<key>A</key><string>b</string>")), folder);
     EXPECT_THAT(
         testing::internal::GetCapturedStderr(),
         testing::AllOf(HasSubstr("Info dictionary doesn't exist"),
                        HasSubstr("Expected value for key 'TBTeamIdentifier' in Info.plist not found")));
-    EXPECT_FALSE(fs::exists(root / "data"));
+    EXPECT_TRUE(fs::is_directory(folder));
 }
 
 } // namespace

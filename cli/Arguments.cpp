@@ -6,7 +6,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <cstdio>
+#include <filesystem>
 #include <iostream>
 #include <iterator>
 #include <string_view>
@@ -81,11 +81,15 @@ void addHostOptions(CLI::App& command, HostOptions& host) {
         });
         return isFine ? std::string() : "'" + name + "' is not a code of a language";
     };
-    command
-        .add_option_function<std::string>(
-            "--content", [&host](const std::string& path) { host.contentFolder = path; },
-            "The folder with TBContent.bundle: units, currencies and words")
-        ->type_name("DIR");
+    CLI::Option* const content =
+        command
+            .add_option_function<std::string>(
+                "--content", [&host](const std::string& path) { host.contentFolder = path; },
+                "The folder with TBContent.bundle: units, currencies and words")
+            ->check(CLI::ExistingDirectory)
+            ->type_name("DIR");
+    command.add_flag("--no-content", host.isWithoutContent, "Do without units and currencies")
+        ->excludes(content);
     command
         .add_option_function<std::string>(
             "--data", [&host](const std::string& path) { host.dataFolder = path; },
@@ -133,12 +137,30 @@ std::string isWrittenAsURI(const std::string& text) {
     return isPlain && !text.empty() ? "" : "not written as an address";
 }
 
+[[noreturn]] void failForUsage(const std::string& why) {
+    throw CommandFailure{ExitCodeUsage, {}, why};
+}
+
+// What somebody writes who means a command or a file: "answer", "notes.txt", "~/notes". A line to answer begins
+// with a digit, or has a blank, an operator or a bracket in it.
+bool looksLikeName(std::string_view text) {
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    const auto isOfName = [&](char c) {
+        constexpr std::string_view marks = "._-/~";
+        return isDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
+               static_cast<unsigned char>(c) >= 0x80 || marks.find(c) != marks.npos;
+    };
+    const std::string_view start = text.substr(text.starts_with('.') || text.starts_with('-') ? 1 : 0);
+    return (start.empty() || !isDigit(start.front())) && std::ranges::all_of(text, isOfName);
+}
+
 // The commands and what they fill in.
 struct Parser {
     HostOptions host;
     CLI::App app{"Answers the lines of a document, each line with its own answer.", "tabulon"};
     PreviewArguments preview;
     ThumbnailArguments thumbnail;
+    std::optional<std::string> line; // in the place of a command
     AnswersArguments answers;
     ExportArguments exporting;
     ConvertArguments conversion;
@@ -149,7 +171,8 @@ struct Parser {
     CLI::App* convertCommand = nullptr;
 
     Parser() {
-        app.require_subcommand(1);
+        app.require_subcommand(0, 1);
+        app.add_option("LINE", line, "A line to answer, instead of a command")->type_name("");
         app.set_version_flag("--version", "tabulon " TABULON_VERSION, "Print the version and exit");
         app.footer("Exit codes: 0 done, 1 a file could not be read or written, 2 wrong usage.");
         addPreview();
@@ -163,8 +186,9 @@ struct Parser {
     }
 
     void addPreview() {
-        previewCommand = app.add_subcommand("preview", "The page of a document, as a preview shows it");
-        addFile(*previewCommand, "FILE", preview.file, "A document")->required();
+        previewCommand = app.add_subcommand("preview", "The page of a document or a text, as a preview shows it");
+        addFile(*previewCommand, "FILE", preview.file, "A document, UTF-8 text, or - for standard input")
+            ->required();
         addOutput(*previewCommand, preview.output);
         addColors(*previewCommand, preview.colors);
     }
@@ -223,7 +247,30 @@ struct Parser {
         if (thumbnailCommand->parsed()) return thumbnail;
         if (answersCommand->parsed()) return answers;
         if (exportCommand->parsed()) return exporting;
-        return conversion;
+        if (convertCommand->parsed()) return conversion;
+        AnswersArguments answer;
+        answer.line = line;
+        return answer;
+    }
+
+    // Who mistypes a command, leaves it out or forgets the quotes gets no answer to something else.
+    void checkUse(bool hasExtras) const {
+        if (!line) {
+            if (!app.get_subcommands().empty()) return;
+            failForUsage("a command or a line is needed, as in: tabulon answers notes.txt, or: tabulon '2 kg in lb'");
+        }
+        std::error_code ignored;
+        if (std::filesystem::exists(*line, ignored)) {
+            failForUsage(*line + " is a file, and needs a command: tabulon answers, preview, thumbnail, export or "
+                                 "convert FILE");
+        }
+        if (looksLikeName(*line)) {
+            failForUsage(*line + " is neither a command nor a file; a line to answer is given in quotes, as in: "
+                                 "tabulon '2 kg in lb'");
+        }
+        if (hasExtras || !app.get_subcommands().empty()) {
+            failForUsage("a line is one argument, and takes quotes, as in: tabulon '2 kg in lb'");
+        }
     }
 };
 
@@ -237,7 +284,9 @@ std::optional<Arguments> parseArguments(int count, const char* const* values) {
         parser.app.exit(wish, std::cout, std::cerr);
         return std::nullopt;
     } catch (const CLI::ParseError& error) {
-        throw CommandFailure{ExitCodeUsage, {}, error.what()};
+        if (parser.line && dynamic_cast<const CLI::ExtrasError*>(&error)) parser.checkUse(true);
+        failForUsage(error.what());
     }
+    parser.checkUse(false);
     return Arguments{parser.chosen(), parser.host};
 }

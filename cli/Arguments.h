@@ -35,6 +35,7 @@ struct ThumbnailArguments {
 
 struct AnswersArguments {
     std::string file = "-";
+    std::optional<std::string> line; // to be answered instead of a file
     ReadingOptions reading;
     bool asJSON = false;
     std::vector<TCStatisticType> statistics; // to print behind the answers, in this order

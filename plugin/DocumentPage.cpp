@@ -51,13 +51,16 @@ DocumentPage pageOfDocumentAtURL(const char* url) {
 }
 
 DocumentPage firstScreenOfDocumentAtURL(const char* url, double height) {
-    return pageOfURL(url, [height](const std::shared_ptr<TCLineCollection>& collection) {
-        const TKLineCollectionExporterHTMLStyle style = pageStyle();
-        const auto rowHeight = static_cast<double>(style.fontSize() * 2);
-        TKLineCollectionExporter exporter(collection);
-        exporter.setDocumentStatistic(totalStatistic);
-        exporter.setCountOfLinesLimit(static_cast<std::size_t>(std::ceil(height / rowHeight)));
-        exporter.setLineLengthLimit(maxLineLength);
-        return exporter.HTMLSourceWithStyle(style);
-    });
+    return pageOfURL(url, [height](const auto& collection) { return firstScreenOfLines(collection, height); });
+}
+
+std::optional<std::string> firstScreenOfLines(const std::shared_ptr<TCLineCollection>& collection,
+                                              double height) {
+    const TKLineCollectionExporterHTMLStyle style = pageStyle();
+    const auto rowHeight = static_cast<double>(style.fontSize() * 2);
+    TKLineCollectionExporter exporter(collection);
+    exporter.setDocumentStatistic(totalStatistic);
+    exporter.setCountOfLinesLimit(static_cast<std::size_t>(std::ceil(height / rowHeight)));
+    exporter.setLineLengthLimit(maxLineLength);
+    return exporter.HTMLSourceWithStyle(style);
 }

@@ -29,27 +29,39 @@ void drawOverlay(platform::GraphicsContext& context, Size size) {
                               font, platform::Color::calibratedWhite(0.15, 0.75));
 }
 
+bool isLargeEnough(double maxWidth, double maxHeight) {
+    return maxWidth >= smallestSide && maxHeight >= smallestSide;
+}
+
+void drawPage(QLThumbnailRequest* request, const std::optional<std::string>& page, double maxWidth,
+              double maxHeight) {
+    const double scale = static_cast<float>(maxHeight / pageSize.height);
+    platform::HTMLView view({{0, 0}, pageSize});
+    view.scaleUnitSquareToSize({scale, scale});
+    if (page) view.loadData(*page, "text/html", "UTF-8");
+
+    const Size size = {maxWidth * contextWidthPart, maxHeight};
+    const auto context = QLThumbnailRequestCreateContext(request, size, false, nullptr);
+    if (!context) return;
+    platform::GraphicsContext graphics(*context, view.isFlipped());
+    view.displayRect(view.bounds(), graphics);
+    drawOverlay(graphics, size);
+    QLThumbnailRequestFlushContext(request, *context);
+}
+
 } // namespace
 
 int32_t GenerateThumbnailForURL(void*, QLThumbnailRequest* request, const char* url, const char*,
                                 const QLProperties*, double maxWidth, double maxHeight) {
     const DocumentPage page = firstScreenOfDocumentAtURL(url, pageSize.height);
-    if (!page.isDocument) return 0;
-    if (!(maxWidth >= smallestSide && maxHeight >= smallestSide)) return 0;
-
-    const double scale = static_cast<float>(maxHeight / pageSize.height);
-    platform::HTMLView view({{0, 0}, pageSize});
-    view.scaleUnitSquareToSize({scale, scale});
-    if (page.html) view.loadData(*page.html, "text/html", "UTF-8");
-
-    const Size size = {maxWidth * contextWidthPart, maxHeight};
-    const auto context = QLThumbnailRequestCreateContext(request, size, false, nullptr);
-    if (!context) return 0;
-    platform::GraphicsContext graphics(*context, view.isFlipped());
-    view.displayRect(view.bounds(), graphics);
-    drawOverlay(graphics, size);
-    QLThumbnailRequestFlushContext(request, *context);
+    if (page.isDocument && isLargeEnough(maxWidth, maxHeight)) drawPage(request, page.html, maxWidth, maxHeight);
     return 0;
+}
+
+void drawThumbnailOfLines(QLThumbnailRequest* request, const std::shared_ptr<TCLineCollection>& collection,
+                          double maxWidth, double maxHeight) {
+    if (isLargeEnough(maxWidth, maxHeight))
+        drawPage(request, firstScreenOfLines(collection, pageSize.height), maxWidth, maxHeight);
 }
 
 void CancelThumbnailGeneration(void*, QLThumbnailRequest*) {}

@@ -246,7 +246,25 @@ bool TCFile::readFromPath(const std::string& filePath) {
         return true;
     }
     failure = reader.failureSentence();
-    if (!exists) return false;
+    if (exists) takeFailure(reader);
+    return false;
+}
+
+bool TCFile::readFromBytes(std::string bytes, const std::string& name) {
+    TBF::FileReader reader(name);
+    failure.clear();
+    const bool isRead = reader.readMemory(bytes);
+    bytes = {}; // before the lines need their memory
+    if (isRead) {
+        takeContents(reader);
+    } else {
+        failure = reader.failureSentence();
+        takeFailure(reader);
+    }
+    return isRead;
+}
+
+void TCFile::takeFailure(const TBF::FileReader& reader) {
     if (reader.error() == TBF::FileReaderErrorWrongFormat) {
         format = TCFileFormatOther;
     } else {
@@ -254,7 +272,6 @@ bool TCFile::readFromPath(const std::string& filePath) {
         TBFErrorLog("Error (%d) reading file: '%s'", static_cast<int>(reader.error()),
                     reader.errorMessage().c_str());
     }
-    return false;
 }
 
 void TCFile::takeContents(const TBF::FileReader& reader) {

@@ -83,6 +83,9 @@ public:
     // reason in `failureSentence`.
     bool readFromPath(const std::string& path);
 
+    // The same of a file's bytes that are there already; the failure calls them by the name.
+    bool readFromBytes(std::string bytes, const std::string& name);
+
     // Replaces the file as a whole. False with a reason in `failureSentence`; the file is then as it was.
     bool writeToPath(const std::string& path);
 
@@ -95,6 +98,7 @@ public:
                                                      std::size_t index);
 
 private:
+    void takeFailure(const TBF::FileReader& reader);
     void takeContents(const TBF::FileReader& reader);
     void takeExpectations(const TBF::FileLine& line);
 

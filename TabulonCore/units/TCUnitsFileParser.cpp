@@ -164,7 +164,7 @@ TCUnitsFile TCUnitsFileParser::Loading::load(const TCUnitsPreferenceChoices& pre
     loadUnitDictionaries();
     loadUnitsFromPreferences(preferences);
     loadRegularUnits();
-    return {std::move(units), baseUnits()};
+    return {std::move(units), baseUnits(), {}};
 }
 
 // The first of three places that has the value.

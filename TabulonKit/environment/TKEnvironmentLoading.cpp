@@ -103,13 +103,13 @@ void TKEnvironment::_loadLocalizedStringsFromBundle(const Bundle& bundle, const 
 }
 
 void TKEnvironment::_loadUnitsFromBundle(const Bundle& bundle, const std::string& localization) {
-    const Path units = neededList(bundle, "Units", localization);
+    const Path data = neededList(bundle, "Units", localization);
     const Path names = neededList(bundle, "UnitLocalization", localization);
     Path fallback;
     if (!TKLocalizationIsEnglish(localization))
         fallback =
             pathForResource("UnitLocalization", listType, std::string(kTKLocalizationNameEnglish), *bundle);
-    if (units) unitsManager()->loadUnitsFromFile(*units, names.value_or(""), fallback.value_or(""));
+    if (data) unitsManager()->loadUnitsFromFile(*data, names.value_or(""), fallback.value_or(""));
 }
 
 void TKEnvironment::_loadCurrencyUnitsFromBundle(const Bundle& bundle, const std::string& localization) {

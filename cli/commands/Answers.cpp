@@ -69,7 +69,8 @@ std::string answersAsJSON(TCLineCollection& collection, const std::vector<Figure
 } // namespace
 
 void runAnswers(const AnswersArguments& arguments) {
-    const auto collection = readLines(arguments.file, arguments.reading).collection;
+    const auto collection = arguments.line ? readLine(*arguments.line, arguments.reading)
+                                           : readLines(arguments.file, arguments.reading).collection;
     const auto figures = figuresOf(collection, arguments.statistics);
     writeOutput(std::nullopt,
                 arguments.asJSON ? answersAsJSON(*collection, figures) : answersAsText(*collection, figures));

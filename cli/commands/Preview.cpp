@@ -2,13 +2,15 @@
 
 #include "Arguments.h"
 #include "CommandFailure.h"
+#include "GeneratePreviewForURL.h"
 #include "commands/Colors.h"
 #include "commands/Generator.h"
 #include "files/FileURL.h"
+#include "input/InputFile.h"
 #include "input/LineInput.h"
 #include "output/Output.h"
 
-#include <filesystem>
+#include <utility>
 
 namespace {
 
@@ -23,21 +25,8 @@ public:
     }
 };
 
-// The plug-in hands over no page and no reason, so the file is asked.
-std::string reasonForNoPage(const std::string& file) {
-    // What isn't a file can't be read twice.
-    std::error_code ignored;
-    const auto kind = std::filesystem::status(file, ignored).type();
-    using std::filesystem::file_type;
-    if (kind == file_type::fifo || kind == file_type::character || kind == file_type::socket)
-        return "is not a file with a document";
-    return reasonForUnreadableDocument(file);
-}
-
-} // namespace
-
-void runPreview(const PreviewArguments& arguments) {
-    if (arguments.output) refuseSameFile(arguments.file, *arguments.output);
+// As a host of previews gets it. The plug-in hands over no page and no reason, so the file is asked for that.
+std::string pageOfDocument(const PreviewArguments& arguments) {
     const Generator generator = loadGenerator();
     useColorsOfFile(arguments.colors);
     const QLProperties options;
@@ -45,6 +34,21 @@ void runPreview(const PreviewArguments& arguments) {
     (*generator)
         ->GeneratePreviewForURL(generator.get(), &request, platform::fileURLOfPath(arguments.file).c_str(),
                                 nullptr, &options);
-    if (!request.page) throw CommandFailure{ExitCodeFailed, arguments.file, reasonForNoPage(arguments.file)};
-    writeOutput(arguments.output, *request.page);
+    if (request.page) return std::move(*request.page);
+    throw CommandFailure{ExitCodeFailed, arguments.file, reasonForUnreadableDocument(arguments.file)};
+}
+
+// No host would ask for it: the same page of a text, and of what can be read once only.
+std::string pageOfLines(const PreviewArguments& arguments) {
+    const auto collection = readLines(arguments.file, {}).collection;
+    useColorsOfFile(arguments.colors);
+    return htmlStringForLineCollection(collection).value_or(std::string());
+}
+
+} // namespace
+
+void runPreview(const PreviewArguments& arguments) {
+    if (arguments.output) refuseSameFile(arguments.file, *arguments.output);
+    writeOutput(arguments.output,
+                isDocumentFile(arguments.file) ? pageOfDocument(arguments) : pageOfLines(arguments));
 }

@@ -2,15 +2,18 @@
 
 #include "Arguments.h"
 #include "CommandFailure.h"
+#include "GenerateThumbnailForURL.h"
 #include "commands/Colors.h"
 #include "commands/Generator.h"
 #include "document/FileReader.h"
 #include "files/FileURL.h"
 #include "graphics/LocalFonts.h"
 #include "graphics/PNGImage.h"
+#include "input/InputFile.h"
 #include "input/LineInput.h"
+#include "lines/TCLineCollection.h"
 #include "output/Output.h"
-#include "process/SelfLimits.h"
+#include "process/OwnProcess.h"
 
 #include <cerrno>
 #include <cstring>
@@ -53,20 +56,37 @@ struct stat statusOf(const std::string& file) {
     if (S_ISDIR(status.st_mode)) fail(file, "is a folder, not a document");
     if (!S_ISREG(status.st_mode)) fail(file, "is not a file with a document");
     if (static_cast<std::size_t>(status.st_size) > maxSize) {
-        fail(file, "is too large for a thumbnail: a document has at most " + std::to_string(maxSize >> 20) +
+        fail(file, "is too large for a thumbnail: it has at most " + std::to_string(maxSize >> 20) +
                        " MiB");
     }
     return status;
 }
 
+void checkCountOfLines(const std::string& file, std::size_t count) {
+    if (count > maxLines) fail(file, "is too long for a thumbnail: it has at most " + std::to_string(maxLines) + " lines");
+}
+
 // The plug-in draws an empty page of what it can't read, and of any length what it can.
-void checkDocument(const std::string& file) {
-    TBF::FileReader reader(file);
-    if (!reader.readFile()) fail(file, reasonWithoutFile(reader.failureSentence(), file));
-    if (reader.lines() && reader.lines()->count() > maxLines) {
-        fail(file,
-             "is too long for a thumbnail: a document has at most " + std::to_string(maxLines) + " lines");
+void drawDocument(const ThumbnailArguments& arguments, PictureRequest& request) {
+    const std::string& file = arguments.file;
+    {
+        TBF::FileReader reader(file);
+        if (!reader.readFile()) fail(file, reasonWithoutFile(reader.failureSentence(), file));
+        if (reader.lines()) checkCountOfLines(file, reader.lines()->count());
     }
+    const Generator generator = loadGenerator();
+    useColorsOfFile(arguments.colors);
+    const QLProperties options;
+    (*generator)
+        ->GenerateThumbnailForURL(generator.get(), &request, platform::fileURLOfPath(file).c_str(), nullptr,
+                                  &options, arguments.size, arguments.size);
+}
+
+void drawText(const ThumbnailArguments& arguments, PictureRequest& request) {
+    const auto collection = readLines(arguments.file, {}).collection;
+    checkCountOfLines(arguments.file, collection->countOfLines());
+    useColorsOfFile(arguments.colors);
+    drawThumbnailOfLines(&request, collection, arguments.size, arguments.size);
 }
 
 std::string uriOf(const std::string& file) {
@@ -81,25 +101,20 @@ void runThumbnail(const ThumbnailArguments& arguments) {
     const std::string& file = arguments.file;
     refuseSameFile(file, arguments.output);
     const struct stat status = statusOf(file);
-    std::string image;
-    {
-        const SelfLimits limits(file, static_cast<std::size_t>(status.st_size));
-        checkDocument(file);
+    const auto draw = [&] {
         platform::LocalFonts::makeSharedFontsTheOnlyOnes();
-        const Generator generator = loadGenerator();
-        useColorsOfFile(arguments.colors);
-        const QLProperties options;
         PictureRequest request;
-        (*generator)
-            ->GenerateThumbnailForURL(generator.get(), &request, platform::fileURLOfPath(file).c_str(),
-                                      nullptr, &options, arguments.size, arguments.size);
-        if (!request.picture) fail(file, "can't be drawn");
-        image = platform::pngImage(*request.picture,
-                                   {{"Thumb::URI", arguments.uri ? *arguments.uri : uriOf(file)},
-                                    {"Thumb::MTime", std::to_string(status.st_mtime)},
-                                    {"Thumb::Size", std::to_string(status.st_size)},
-                                    {"Software", "Tabulon"}});
+        isDocumentFile(file) ? drawDocument(arguments, request) : drawText(arguments, request);
+        const std::string image =
+            request.picture ? platform::pngImage(*request.picture,
+                                                 {{"Thumb::URI", arguments.uri ? *arguments.uri : uriOf(file)},
+                                                  {"Thumb::MTime", std::to_string(status.st_mtime)},
+                                                  {"Thumb::Size", std::to_string(status.st_size)},
+                                                  {"Software", "Tabulon"}})
+                            : std::string();
         if (image.empty()) fail(file, "can't be drawn");
-    }
-    writeOutput(arguments.output, image);
+        return image;
+    };
+    writeOutput(arguments.output,
+                resultOfOwnProcess(draw, file, {static_cast<std::size_t>(status.st_size)}));
 }

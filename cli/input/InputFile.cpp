@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <filesystem>
 #include <unistd.h>
 
 namespace {
@@ -77,6 +78,15 @@ std::string readInputFile(const std::string& file) {
 
 bool looksLikeDocument(std::string_view bytes) {
     return withoutByteOrderMark(bytes).starts_with(documentStart);
+}
+
+bool isDocumentFile(const std::string& file) {
+    std::error_code ignored;
+    if (file == "-" || !std::filesystem::is_regular_file(file, ignored)) return false;
+    const OpenFile opened(file);
+    char start[16] = {};
+    const ssize_t count = read(opened.descriptor, start, sizeof start);
+    return count > 0 && looksLikeDocument({start, static_cast<std::size_t>(count)});
 }
 
 std::string_view validatedText(const std::string& file, std::string_view bytes) {

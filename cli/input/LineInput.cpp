@@ -1,45 +1,17 @@
 #include "input/LineInput.h"
 
 #include "CommandFailure.h"
-#include "QuickLookGeneratorPlugin.h"
-#include "bootstrap.h"
-#include "bundle/Bundle.h"
+#include "PlugInHost.h"
 #include "input/InputFile.h"
 #include "lines/TCFile.h"
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
 #include "runtime/Unicode.h"
 
-#include <cerrno>
-#include <cstring>
 #include <string_view>
-#include <sys/mman.h>
-#include <unistd.h>
+#include <utility>
 
 namespace {
-
-// Bytes under a path of this process alone, for what is read by path. Files and pipes are thereby read once.
-class MemoryFile {
-public:
-    explicit MemoryFile(std::string_view bytes)
-        : descriptor(memfd_create("tabulon", MFD_CLOEXEC)) {
-        while (descriptor >= 0 && !bytes.empty()) {
-            const ssize_t count = write(descriptor, bytes.data(), bytes.size());
-            if (count < 0 && errno == EINTR) continue;
-            if (count < 0) throw CommandFailure{ExitCodeFailed, {}, std::strerror(errno)};
-            bytes.remove_prefix(static_cast<std::size_t>(count));
-        }
-        if (descriptor < 0) throw CommandFailure{ExitCodeFailed, {}, std::strerror(errno)};
-    }
-    ~MemoryFile() { close(descriptor); }
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
-
-    std::string path() const { return "/proc/self/fd/" + std::to_string(descriptor); }
-
-private:
-    int descriptor;
-};
 
 // The first line of `text`, which is taken off it together with its end.
 std::string_view takeLine(std::string_view& text) {
@@ -65,15 +37,14 @@ std::shared_ptr<TCLineCollection> linesOfText(std::string_view text, const Readi
     return collection;
 }
 
-std::shared_ptr<TCLineCollection> linesOfDocument(const std::string& file, const MemoryFile& contents,
+std::shared_ptr<TCLineCollection> linesOfDocument(const std::string& file, std::string bytes,
                                                   const ReadingOptions& options) {
-    const std::string path = contents.path();
-    TCFile document(path);
-    auto collection = document.lineCollection();
-    if (!collection) {
+    TCFile document;
+    if (!document.readFromBytes(std::move(bytes), file)) {
         throw CommandFailure{ExitCodeFailed, displayNameOf(file),
-                             reasonWithoutFile(document.failureSentence(), path)};
+                             reasonWithoutFile(document.failureSentence(), file)};
     }
+    auto collection = document.lineCollection();
     collection->beginBatchUpdate(); // evaluates once for both
     if (options.trigonometryMode) collection->setTrigonometryMode(*options.trigonometryMode);
     if (options.locale) {
@@ -90,13 +61,17 @@ LineInput readLines(const std::string& file, const ReadingOptions& options) {
     std::string bytes = readInputFile(file);
     if (!looksLikeDocument(bytes)) {
         const std::string_view text = validatedText(file, bytes);
-        bootstrap(platform::Bundle::bundleWithIdentifier(kPlugInBundleIdentifier).get());
+        startEngine();
         return {linesOfText(text, options), false};
     }
-    const MemoryFile contents(bytes);
-    bytes = {};
-    bootstrap(platform::Bundle::bundleWithIdentifier(kPlugInBundleIdentifier).get());
-    return {linesOfDocument(file, contents, options), true};
+    startEngine();
+    return {linesOfDocument(file, std::move(bytes), options), true};
+}
+
+std::shared_ptr<TCLineCollection> readLine(const std::string& text, const ReadingOptions& options) {
+    const std::string_view line = validatedText("the line", text);
+    startEngine();
+    return linesOfText(line, options);
 }
 
 std::string reasonForUnreadableDocument(const std::string& path) {

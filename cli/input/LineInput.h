@@ -14,8 +14,11 @@ struct LineInput {
     bool isDocument = false;                      // or else text, a line for each of its lines
 };
 
-// A CommandFailure if there is no document and no UTF-8 text.
+// A CommandFailure if there is no document and no UTF-8 text, or the content is damaged.
 LineInput readLines(const std::string& file, const ReadingOptions& options);
+
+// The same of a text that is given as such: one line, or several with line feeds between them.
+std::shared_ptr<TCLineCollection> readLine(const std::string& text, const ReadingOptions& options);
 
 // Why there is no document at this path; one line without the name of the file.
 std::string reasonForUnreadableDocument(const std::string& path);

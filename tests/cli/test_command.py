@@ -242,11 +242,20 @@ class FileTests(CommandTests):
         self.assertEqual(self.output_of("preview", "d.tabulon", "-o", "page.html"), "")
         self.assertEqual(pathlib.Path(self.path("page.html")).read_text(), page)
 
-    def test_preview_refuses_what_is_no_document(self):
+    def test_preview_makes_the_same_page_of_a_text(self):
+        lines = ["Rent: 1,200 + 15", "a < b"]
+        page = self.output_of("preview", self.write("d.tabulon", document(*(l.replace("<", "&lt;") for l in lines))))
+        source = self.write("n.txt", "\n".join(lines))
+        self.assertEqual(self.output_of("preview", source), page)
+        self.assertEqual(self.output_of("preview", "-", stdin=pathlib.Path(source).read_bytes()), page)
+        self.assertEqual(self.output_of("preview", "-", stdin=pathlib.Path(self.path("d.tabulon")).read_bytes()), page)
+        self.assertIn("<table", self.output_of("preview", self.write("empty", "")))
+
+    def test_preview_refuses_what_is_neither(self):
         whole = document("1 + 2")
         rows = [
-            ("1 + 2\n", "not a document"),
-            ("", "is empty"),
+            (b"1 + \xff\n", "not valid UTF-8"),
+            ("1\0", "NUL character"),
             (whole[: len(whole) // 2], "cut off"),
             (whole.replace("data>", "page>"), "root element is <page>"),
         ]
@@ -319,6 +328,18 @@ class FileTests(CommandTests):
 
 
 class UsageTests(CommandTests):
+    def test_a_line_as_the_only_argument_has_its_answer(self):
+        rows = [
+            ("2 kg in lb", "4.4092452437 lb\n"), ("2+2", "4\n"), (".5*4", "2\n"), ("7", "7\n"), ("sin(90)", "1\n"),
+            ("10/0", "Error: Divide by Zero\n"), ("no answer here", "\n"), ("\u20ac5 + \u20ac1", "\u20ac6.00\n"),
+        ]  # fmt: skip
+        for line, answer in rows:
+            with self.subTest(line):
+                self.assertEqual(self.output_of(line), answer)
+        self.assertEqual(self.output_of("--language", "de", "2 Stunden in Minuten"), "120 Minuten\n")
+        self.assertEqual(self.output_of("--", "-5 + 3"), "-2\n")
+        self.assert_failure(self.run_command(b"5 + \xff"), "the line", "not valid UTF-8")
+
     def test_units_and_currencies_come_with_the_content(self):
         self.assertEqual(self.output_of("answers", stdin="3 feet in metres\n2k\n"), "0.9144 metres\n2,000\n")
         german = "20% von 50\n2 Stunden in Minuten\n"
@@ -341,15 +362,88 @@ class UsageTests(CommandTests):
         self.assertIn(b"Variables.plist", result.stderr)
         self.assertEqual(sorted(os.listdir(self.folder)), ["Variables.plist"], "nothing is written")
 
-    def test_without_content_there_is_one_line_about_it_and_an_answer_all_the_same(self):
-        result = self.run_command("answers", "--content", self.path("nowhere"), stdin="3 * 7\n20% of 50\n")
-        self.assertEqual((result.returncode, result.stdout), (0, b"21\n10\n"))
-        self.assertEqual(result.stderr.count(b"\n"), 1)
-        self.assertIn(b"there is no TBContent.bundle in ", result.stderr)
-        source = self.write("a.tabulon", document("6 * 7"))
-        page = self.run_command("preview", source, "--content", self.path("nowhere"))
-        self.assertEqual(page.returncode, 0)
-        self.assertIn(b">42<", page.stdout)
+    def commands_on(self, name):
+        source = self.write(name, document("100 km in miles"))
+        output = self.path("output")
+        return [("answers", source), ("preview", source), ("thumbnail", source, "-o", output), ("100 km in miles",),
+                ("export", source, "--format", "html"), ("convert", source, output)]  # fmt: skip
+
+    # 100 km in miles would be 100.
+    def assert_refusal(self, command, content, *words):
+        result = self.run_command(*command, "--content", content)
+        self.assertEqual((result.returncode, result.stdout), (1, b""), command)
+        message = result.stderr.decode()
+        self.assertRegex(message, r"\Atabulon: [^\n]+\n\Z")
+        for word in words:
+            self.assertIn(word, message)
+        self.assertFalse(os.path.exists(self.path("output")))
+
+    def test_without_content_nothing_is_answered(self):
+        os.mkdir(self.path("content"))
+        for command in self.commands_on("a.tabulon"):
+            self.assert_refusal(command, "content", "there is no TBContent.bundle in content")
+        result = self.run_command("answers", "--content", self.path("nowhere"), stdin="3 * 7\n")
+        self.assertEqual((result.returncode, result.stdout), (2, b""))
+        self.assertIn(b"nowhere", result.stderr)
+
+    def test_whoever_wants_no_content_has_answers(self):
+        self.assertEqual(self.output_of("answers", "--no-content", stdin="3 * 7\n20% of 50\n"), "21\n10\n")
+        self.assertIn(">42<", self.output_of("--no-content", "preview", self.write("a.tabulon", document("6 * 7"))))
+        self.assertEqual(self.run_command("answers", "--no-content", "--content", ".").returncode, 2)
+
+    def test_damaged_content_is_named_file_by_file(self):
+        bundle = pathlib.Path(shutil.copytree(CONTENT, self.folder / "content")) / "TBContent.bundle"
+        self.assertEqual(self.output_of("answers", "--content", "content", stdin="1 km in m\n"), "1,000 m\n")
+        rows = [
+            ("Units.plist", None, "Units.plist is missing"),
+            ("Units.plist", "<plist><dict><key>Un", "Units.plist: line 1"),
+            ("Units.plist", "<plist><dict/></plist>", 'Units.plist: it has no "Units"'),
+            ("Currencies.plist", "", "Currencies.plist"),
+            ("Currencies.plist", "<plist><dict/></plist>", 'Currencies.plist: it has no "TKCurrencies"'),
+            *((f"en.lproj/{name}.plist", content, name)
+              for name in ("CurrencyLocalization", "Localizable", "PercentageOperators", "UnitLocalization", "WordOperators")
+              for content in (None, "x")),
+        ]  # fmt: skip
+        for name, content, why in rows:
+            with self.subTest((name, content)):
+                whole = (bundle / name).read_bytes()
+                (bundle / name).unlink()
+                if content is not None:
+                    (bundle / name).write_text(content)
+                self.assert_refusal(("answers", "-"), "content", why)
+                (bundle / name).write_bytes(whole)
+        (bundle / "Units.plist").unlink()
+        (bundle / "en.lproj" / "WordOperators.plist").write_text("x")
+        for command in self.commands_on("a.tabulon"):
+            self.assert_refusal(command, "content", "Units.plist is missing", "WordOperators.plist: line 1")
+        # A language that leaves something out has it in English.
+        shutil.copy(CONTENT / "TBContent.bundle" / "Units.plist", bundle)
+        shutil.copy(CONTENT / "TBContent.bundle" / "en.lproj" / "WordOperators.plist", bundle / "en.lproj")
+        (bundle / "de.lproj" / "PercentageOperators.plist").unlink()
+        self.assertEqual(self.output_of("answers", "--content", "content", "--language", "de", stdin="20% of 50\n"), "10\n")
+        (bundle / "de.lproj" / "PercentageOperators.plist").write_text("x")
+        self.assert_refusal(("answers", "-", "--language", "de"), "content", "de.lproj/PercentageOperators.plist")
+
+    def test_the_content_is_found_without_proc(self):
+        sandbox = ["bwrap", "--ro-bind", "/", "/", "--dev", "/dev", "--tmpfs", "/proc"]
+        if not shutil.which("bwrap") or subprocess.run([*sandbox, "/usr/bin/true"], capture_output=True).returncode:
+            self.skipTest("bwrap can't make a sandbox here")
+        program = pathlib.Path(COMMAND)
+        (self.folder / "link").symlink_to(program)
+        source = self.write("a.tabulon", document("100 km in miles"))
+        rows = [
+            ([str(program)], None, "/"),
+            (["./" + program.name], None, program.parent),
+            ([program.name], str(program.parent), "/"),
+            (["bash", "-c", f'exec -a {program.name} "$0" "$@"', str(program)], None, "/"),
+            ([self.path("link")], None, "/"),
+        ]
+        for start, folder, place in rows:
+            with self.subTest(start):
+                path = os.environ["PATH"] + (os.pathsep + folder if folder else "")
+                result = subprocess.run([*sandbox, "--chdir", str(place), *start, "answers", source], capture_output=True,
+                                        timeout=60, env={**os.environ, "PATH": path})  # fmt: skip
+                self.assertEqual((result.returncode, result.stdout, result.stderr), (0, b"62.1371192237 miles\n", b""))
 
     def test_an_installation_may_stand_anywhere(self):
         (self.folder / "bin").mkdir()
@@ -380,8 +474,14 @@ class UsageTests(CommandTests):
     def test_wrong_usage_has_its_own_code(self):
         source = self.write("n.txt", "1\n")
         rows = [
-            ((), "subcommand"),
-            (("answer",), ""),
+            ((), "a command or a line is needed"),
+            (("answer",), "answer is neither a command nor a file"),
+            (("notes.txt",), "notes.txt is neither a command nor a file"),
+            (("~/notes-2",), "neither a command nor a file"),
+            ((source,), "is a file, and needs a command"),
+            (("2", "+", "2"), "takes quotes"),
+            (("2 + 2", "answers", source), "takes quotes"),
+            (("answer", source), "answer is neither"),
             (("answers", "a", "b"), ""),
             (("answers", "--trig", "grads"), "degrees,radians"),
             (("answers", "--locale", "french"), "standard,european"),

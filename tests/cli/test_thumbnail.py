@@ -85,12 +85,12 @@ class ThumbnailTests(PictureTests):
     def test_what_cannot_be_drawn_is_told_in_one_line(self):
         rows = [
             ("missing", None, "doesn't exist"),
-            ("text", "1 + 2\n", "is not a document"),
-            ("empty", "", "is empty"),
+            ("binary", "1 + 2\0", "NUL character"),
             ("cut", document("1 + 2")[:-20], "is cut off"),
             ("page", '<?xml version="1.0"?><html/>', "root element"),
             ("entities", '<?xml version="1.0"?><!DOCTYPE data [<!ENTITY a "b">]><data>&a;</data>', "entities"),
             ("lines", document(*[""] * 40001), "is too long for a thumbnail"),
+            ("text", "\n" * 40001, "is too long for a thumbnail"),
         ]
         self.write("old", "old")
         for name, content, why in rows:
@@ -137,6 +137,27 @@ class ThumbnailTests(PictureTests):
         self.assertEqual(result.stderr, b"tabulon: long.tabulon: takes too long for a thumbnail\n")
         self.assertEqual(result.returncode, 1)
         self.assertEqual(self.names(), ["long.tabulon"], file)
+
+    def test_a_text_is_drawn_as_its_document(self):
+        self.write("a.txt", "1 + 2\n12 km in m\n")
+        file = self.write("a.tabulon", document("1 + 2", "12 km in m"))
+        pixels = [[c for c in chunks(self.picture_of(name)) if c[0] != "tEXt"] for name in ("a.txt", file)]
+        self.assertEqual(*pixels)
+
+    # Libraries that don't get their memory abort, crash or leave with codes of their own.
+    def test_short_memory_is_told_in_one_line(self):
+        file = self.write("a.tabulon", document("1,200 + 8%", "// \u65e5\u672c", "12 km in m"))
+        ends = set()
+        for megabytes in range(80, 261, 12):
+            limit = lambda: resource.setrlimit(resource.RLIMIT_AS, (megabytes << 20, megabytes << 20))
+            result = subprocess.run([test_command.COMMAND, "thumbnail", file, "-o", self.path("picture")],
+                                    capture_output=True, timeout=120, preexec_fn=limit)  # fmt: skip
+            ends.add(result.returncode)
+            if b"loading shared libraries" in result.stderr or b"Sanitizer" in result.stderr:
+                continue
+            self.assertIn(result.returncode, (0, 1), megabytes)
+            self.assertEqual(result.stderr.count(b"\n"), result.returncode, (megabytes, result.stderr))
+        self.assertLessEqual({0, 1}, ends)
 
     def test_corpora_do_no_harm(self):
         files = sorted((CORPUS / "document").iterdir())

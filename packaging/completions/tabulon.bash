@@ -2,9 +2,9 @@
 
 _tabulon() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command=${COMP_WORDS[1]}
-  local host='--content --data --language --help'
+  local host='--content --no-content --data --language --help'
   if ((COMP_CWORD == 1)); then
-    COMPREPLY=($(compgen -W 'preview thumbnail answers export convert --content --data --language --help --version' -- "$current"))
+    COMPREPLY=($(compgen -W 'preview thumbnail answers export convert --content --no-content --data --language --help --version' -- "$current"))
     return
   fi
   case $previous in

@@ -2,7 +2,7 @@
 
 set -l commands preview thumbnail answers export convert
 complete -c tabulon -n "not __fish_seen_subcommand_from $commands" -f
-complete -c tabulon -n "not __fish_seen_subcommand_from $commands" -a preview -d 'The page of a document'
+complete -c tabulon -n "not __fish_seen_subcommand_from $commands" -a preview -d 'The page of a document or a text'
 complete -c tabulon -n "not __fish_seen_subcommand_from $commands" -a thumbnail -d 'A small picture of a document'
 complete -c tabulon -n "not __fish_seen_subcommand_from $commands" -a answers -d 'One line of output for each line'
 complete -c tabulon -n "not __fish_seen_subcommand_from $commands" -a export -d 'Lines and answers in another format'
@@ -10,6 +10,7 @@ complete -c tabulon -n "not __fish_seen_subcommand_from $commands" -a convert -d
 complete -c tabulon -l version -d 'The version'
 complete -c tabulon -l help -d 'A summary'
 complete -c tabulon -l content -r -a '(__fish_complete_directories)' -d 'The folder with TBContent.bundle'
+complete -c tabulon -l no-content -d 'No units and currencies'
 complete -c tabulon -l data -r -a '(__fish_complete_directories)' -d 'The folder with saved values'
 complete -c tabulon -l language -x -d 'The language of units and words'
 complete -c tabulon -n '__fish_seen_subcommand_from preview thumbnail export' -s o -l output -r -d 'The file to write'

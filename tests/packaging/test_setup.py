@@ -3,11 +3,14 @@
 import os
 import pathlib
 import re
+import shutil
 import subprocess
+import sys
 import tempfile
 import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
+COMMAND = None  # set from the command line
 LISTS = ["build_packages", "test_packages", "fuzz_packages", "bench_packages"]
 
 
@@ -37,6 +40,24 @@ class SetupTests(unittest.TestCase):
                 self.assertRegex(result.stderr, r"\AMissing packages, .*: apt-get install cmake ninja-build .*\n\Z")
                 self.assertEqual("libgtest-dev" in result.stderr, script == "test")
 
+    # What `run` does once it has built.
+    def test_run_takes_a_text(self):
+        with tempfile.TemporaryDirectory() as name:
+            folder = pathlib.Path(name)
+            (folder / "scripts").mkdir()
+            (folder / "scripts" / "setup").write_text("build_packages=()\ninstall_packages() { :; }\nbuild() { :; }\n")
+            (folder / "build/release").mkdir(parents=True)
+            (folder / "build/release/tabulon").symlink_to(COMMAND)
+            shutil.copy(ROOT / "run", folder)
+            (folder / "of.notes").mkdir()
+            for file, page in [("notes.txt", "notes.html"), ("of.notes/plain", "of.notes/plain.html")]:
+                (folder / file).write_text("12 km in m\n")
+                result = subprocess.run(["bash", "run", file], cwd=folder, capture_output=True, text=True, timeout=60)
+                self.assertEqual((result.returncode, result.stderr), (0, ""))
+                self.assertEqual(result.stdout, f"12,000 m\nPage: {folder / page}\n")
+                self.assertIn("12,000", (folder / page).read_text())
+
 
 if __name__ == "__main__":
+    COMMAND = os.path.abspath(sys.argv.pop(1))
     unittest.main()

@@ -103,7 +103,10 @@ TEST_F(BootstrapTests, WithoutContentThereAreTheBuiltInLists) {
     for (const char* folder : {"", "/nowhere"}) {
         EXPECT_TRUE(inOwnProcess([folder] {
             const platform::Bundle empty{"example.empty", folder};
+            testing::internal::CaptureStderr();
             bootstrap(*folder ? &empty : nullptr);
+            EXPECT_EQ(testing::internal::GetCapturedStderr(),
+                      *folder ? "There is no content at /nowhere\n" : "");
             EXPECT_EQ(answer(u"6 * 7"), "42");
             EXPECT_EQ(answer(u"20% of 50"), "10");
             EXPECT_EQ(TKEnvironment::sharedEnvironment(), nullptr);

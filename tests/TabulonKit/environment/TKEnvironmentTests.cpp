@@ -135,15 +135,37 @@ TEST_F(TKEnvironmentTests, WhatIsMissingCostsOnlyItself) {
     fs::remove(content / "Currencies.plist");
     testing::internal::CaptureStderr();
     load();
-    EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("No currencies localization file found"));
+    EXPECT_THAT(testing::internal::GetCapturedStderr(),
+                testing::AllOf(HasSubstr("No currencies localization file found"),
+                               HasSubstr(content.string() + ": Units.plist is missing\n")));
     EXPECT_EQ(answer(u"1k + 2"), "1002");
+    const auto missing = [this](const char* name) { return content.string() + ": " + name + ".plist is missing"; };
+    EXPECT_THAT(environment->contentFailures(),
+                testing::UnorderedElementsAre(missing("Localizable"), missing("Units"), missing("UnitLocalization"),
+                                              missing("Currencies"), missing("CurrencyLocalization"),
+                                              missing("PercentageOperators"), missing("WordOperators")));
 
     testing::internal::CaptureStderr();
     build();
     environment->loadFromBundleAtPath((root / "nowhere").string());
     environment->completeLoading();
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("nowhere"));
+    EXPECT_EQ(environment->contentFailures().size(), 1u);
     EXPECT_EQ(answer(u"1 + 2"), "3");
+}
+
+TEST_F(TKEnvironmentTests, DamagedContentIsNamedOnceAndLoggedUnlessTheHostTells) {
+    std::ofstream(content / "en.lproj" / "UnitLocalization.plist") << "x"; // two managers read it
+    for (const bool isLogging : {true, false}) {
+        testing::internal::CaptureStderr();
+        build();
+        environment->setLogsContentFailures(isLogging);
+        environment->loadFromBundleAtPath(content.string());
+        environment->completeLoading();
+        const std::string said = testing::internal::GetCapturedStderr();
+        EXPECT_THAT(environment->contentFailures(), testing::Contains(HasSubstr("UnitLocalization.plist: line 1")).Times(1));
+        EXPECT_EQ(said.find("UnitLocalization.plist: line 1") != said.npos, isLogging) << said;
+    }
 }
 
 TEST_F(TKEnvironmentTests, WithoutADataFolderNothingIsReadOrSaved) {

@@ -3,11 +3,13 @@
 #include "Arguments.h"
 #include "CommandFailure.h"
 #include "commands/Commands.h"
+#include "m_apm.h"
 
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <libxml/globals.h>
 #include <new>
 
 namespace {
@@ -39,11 +41,20 @@ void report(const CommandFailure& failure) {
     if (failure.exitCode == ExitCodeUsage) std::fputs("Run \"tabulon --help\" for the usage.\n", stderr);
 }
 
+// Libraries that say on standard error what they give back as a failure, too.
+void quietLibraries() {
+    const auto ignore = [](void*, const char*, ...) {};
+    xmlSetGenericErrorFunc(nullptr, ignore);
+    xmlThrDefSetGenericErrorFunc(nullptr, ignore);
+    m_apm_set_out_of_memory_handler([] { throw std::bad_alloc(); });
+}
+
 } // namespace
 
 int main(int count, char** values) {
     // A reader that has seen enough is met as an error of writing.
     std::signal(SIGPIPE, SIG_IGN);
+    quietLibraries();
     try {
         if (const auto arguments = parseArguments(count, values)) {
             hostPlugIn(arguments->host);

@@ -37,10 +37,13 @@ struct IdleValues {
 
 IdleValues idle;
 
+void (*outOfMemoryHandler)() = nullptr;
+
 } // namespace
 
 void M_apm_log_error_msg(bool fatal, const char* message) {
     if (fatal) {
+        if (outOfMemoryHandler) outOfMemoryHandler();
         std::fprintf(stderr, "MAPM Error: %s\n", message);
         std::exit(100);
     }
@@ -50,6 +53,10 @@ void M_apm_log_error_msg(bool fatal, const char* message) {
 
 void m_apm_set_warnings_enabled(bool enabled) {
     warningsEnabled = enabled;
+}
+
+void m_apm_set_out_of_memory_handler(void (*handler)()) {
+    outOfMemoryHandler = handler;
 }
 
 M_APM M_new_value() {

@@ -6,7 +6,6 @@
 #include "environment/TCWordOperator.h"
 #include "environment/TCWordOperatorList.h"
 #include "environment/TKLocalization.h"
-#include "environment/TKLog.h"
 #include "expressions/TCExpressionSubstituter.h"
 #include "locale/Locale.h"
 #include "propertylist/PropertyList.h"
@@ -55,13 +54,6 @@ TCExpressionSubstituter& substituter() {
     return *TCExpressionSubstituter::defaultSubstituter();
 }
 
-void reportEntry(const PropertyList& entry) {
-    std::string text;
-    for (const auto& [key, value] : entry.dictionary())
-        text += (text.empty() ? "" : ", ") + key + " = " + std::string(value.string().value_or("?"));
-    TKLog("Encountered an error parsing {%s}", text.c_str());
-}
-
 // "<name>.plist" for a language, wherever the user's wishes don't matter.
 std::optional<std::string> listFor(const platform::Bundle& bundle, std::string_view name,
                                    std::string_view localization) {
@@ -86,6 +78,14 @@ PropertyList TKLocalizationManager::contentsOf(const std::string& path) {
     if (contents) return std::move(*contents);
     readingFailures.push_back(error);
     return {};
+}
+
+// It is passed over.
+void TKLocalizationManager::addFailure(const std::string& path, const PropertyList& entry) {
+    std::string text;
+    for (const auto& [key, value] : entry.dictionary())
+        text += (text.empty() ? "" : ", ") + key + " = " + std::string(value.string().value_or("?"));
+    readingFailures.push_back(path + ": Encountered an error parsing {" + text + "}");
 }
 
 void TKLocalizationManager::setPercentageOperatorsPlistFileName(
@@ -142,7 +142,7 @@ void TKLocalizationManager::refreshPercentageOperators() {
             const auto type = TCExpressionSubstituterOperatorTypeForName(TBF::utf16(name.value_or("")));
             const std::u16string pattern = TBF::utf16(regex.value_or(""));
             if (!regex || !type || !RegexKitLite::isRegexValid(pattern)) {
-                reportEntry(entry);
+                addFailure(path, entry);
                 continue;
             }
             substituter().addOperatorRegex(pattern, *type);
@@ -159,7 +159,7 @@ void TKLocalizationManager::refreshWordOperators() {
         const auto* const type =
             std::ranges::find(wordOperatorNames, name.value_or(""), &WordOperatorName::name);
         if (!word || word->empty() || type == std::end(wordOperatorNames)) {
-            reportEntry(entry);
+            addFailure(*wordOperatorsFilePath, entry);
             continue;
         }
         words->addWordOperator(TCWordOperator::wordOperatorOfType(type->type, TBF::utf16(*word)));

@@ -47,13 +47,13 @@ public:
     void setWordOperatorsPlistFile(std::optional<std::string> path);
     void setUnitLocalizationPlistFile(std::optional<std::string> path);
 
-    // Read the files again. What can't be used in them is reported and passed over.
+    // Read the files again. What can't be used in them is passed over, and told by `failures`.
     void refreshLocalization();
     void refreshPercentageOperators();
     void refreshWordOperators();
     void refreshUnitLocalization();
 
-    // Why files could not be read so far, a sentence each.
+    // Why files, or entries in them, could not be used so far, a sentence each.
     const std::vector<std::string>& failures() const { return readingFailures; }
 
     // The code of the currency that the user's surroundings have, if there is a unit for it; otherwise "USD".
@@ -72,6 +72,7 @@ public:
 
 private:
     platform::PropertyList contentsOf(const std::string& path);
+    void addFailure(const std::string& path, const platform::PropertyList& entry);
     std::u16string codeMeantByClash(const TKClashingSymbol& clash, std::u16string_view code) const;
 
     std::shared_ptr<TKUnitsManager> units;

@@ -4,6 +4,7 @@ import json
 import os
 import pathlib
 import re
+import resource
 import shutil
 import subprocess
 import sys
@@ -325,6 +326,24 @@ class FileTests(CommandTests):
                     lines = json.loads(self.output_of("answers", str(example), "--json"))
                     self.assertEqual([each for each in lines if each["error"]], [])
                     self.assertTrue(any(each["answer"] for each in lines))
+
+
+class MemoryTests(CommandTests):
+    def test_short_memory_is_told_in_one_line(self):
+        text = self.write("n.txt", "".join(f"Item {i}: {i} / 7 + 10%\n" for i in range(6000)))
+        self.output_of("convert", text, self.path("n.tabulon"))
+        ends = set()
+        for megabytes in range(66, 260, 9):
+            limit = lambda: resource.setrlimit(resource.RLIMIT_AS, (megabytes << 20, megabytes << 20))
+            for command in [("answers", text), ("preview", "n.tabulon"), ("convert", text, "out.tabulon")]:
+                result = subprocess.run([COMMAND, *command], capture_output=True, timeout=60, cwd=self.folder,
+                                        preexec_fn=limit)  # fmt: skip
+                if b"loading shared libraries" in result.stderr or b"Sanitizer" in result.stderr:
+                    continue
+                ends.add(result.returncode)
+                self.assertIn(result.returncode, (0, 1), (megabytes, command, result.stderr))
+                self.assertEqual(result.stderr.count(b"\n"), result.returncode, (megabytes, command, result.stderr))
+        self.assertLessEqual({0, 1}, ends)
 
 
 class UsageTests(CommandTests):

@@ -5,6 +5,7 @@
 #include "environment/TKFolders.h"
 #include "environment/TKLocalizationManager.h"
 #include "results/TCResult.h"
+#include "runtime/TBFLog.h"
 #include "units/TCUnit.h"
 #include "units/TCUnitCollection.h"
 #include "units/TKUnitsManager.h"
@@ -156,6 +157,7 @@ TEST_F(TKEnvironmentTests, WhatIsMissingCostsOnlyItself) {
 
 TEST_F(TKEnvironmentTests, DamagedContentIsNamedOnceAndLoggedUnlessTheHostTells) {
     std::ofstream(content / "en.lproj" / "UnitLocalization.plist") << "x"; // two managers read it
+    TBFErrorLogSetEnabled(0); // the log for developers has all of it
     for (const bool isLogging : {true, false}) {
         testing::internal::CaptureStderr();
         build();
@@ -166,6 +168,7 @@ TEST_F(TKEnvironmentTests, DamagedContentIsNamedOnceAndLoggedUnlessTheHostTells)
         EXPECT_THAT(environment->contentFailures(), testing::Contains(HasSubstr("UnitLocalization.plist: line 1")).Times(1));
         EXPECT_EQ(said.find("UnitLocalization.plist: line 1") != said.npos, isLogging) << said;
     }
+    TBFErrorLogSetEnabled(1);
 }
 
 TEST_F(TKEnvironmentTests, WithoutADataFolderNothingIsReadOrSaved) {

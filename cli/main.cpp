@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <exception>
 #include <libxml/globals.h>
+#include <libxml/parser.h>
 #include <new>
 
 namespace {
@@ -41,9 +42,12 @@ void report(const CommandFailure& failure) {
     if (failure.exitCode == ExitCodeUsage) std::fputs("Run \"tabulon --help\" for the usage.\n", stderr);
 }
 
+void ignore(void*, const char*, ...) {}
+
 // Libraries that say on standard error what they give back as a failure, too.
 void quietLibraries() {
     const auto ignore = [](void*, const char*, ...) {};
+    TBFErrorLogSetEnabled(0);
     xmlSetGenericErrorFunc(nullptr, ignore);
     xmlThrDefSetGenericErrorFunc(nullptr, ignore);
     m_apm_set_out_of_memory_handler([] { throw std::bad_alloc(); });

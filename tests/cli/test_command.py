@@ -329,21 +329,26 @@ class FileTests(CommandTests):
 
 
 class MemoryTests(CommandTests):
+    def run_within(self, megabytes, *command):
+        limit = lambda: resource.setrlimit(resource.RLIMIT_AS, (megabytes << 20, megabytes << 20))
+        return subprocess.run([COMMAND, *command], stdin=subprocess.DEVNULL, capture_output=True, timeout=60,
+                              cwd=self.folder, preexec_fn=limit)  # fmt: skip
+
+    # From a little over what the start needs: below that the loader and the library of patterns have ends of their own.
     def test_short_memory_is_told_in_one_line(self):
         text = self.write("n.txt", "".join(f"Item {i}: {i} / 7 + 10%\n" for i in range(6000)))
         self.output_of("convert", text, self.path("n.tabulon"))
+        needed = next((size for size in range(66, 1000, 6) if self.run_within(size, "answers").returncode == 0), None)
+        if needed is None:
+            self.skipTest("no bound on memory can be set here")
         ends = set()
-        for megabytes in range(66, 260, 9):
-            limit = lambda: resource.setrlimit(resource.RLIMIT_AS, (megabytes << 20, megabytes << 20))
+        for megabytes in range(needed + 12, needed + 120, 7):
             for command in [("answers", text), ("preview", "n.tabulon"), ("convert", text, "out.tabulon")]:
-                result = subprocess.run([COMMAND, *command], capture_output=True, timeout=60, cwd=self.folder,
-                                        preexec_fn=limit)  # fmt: skip
-                if b"loading shared libraries" in result.stderr or b"Sanitizer" in result.stderr:
-                    continue
+                result = self.run_within(megabytes, *command)
                 ends.add(result.returncode)
                 self.assertIn(result.returncode, (0, 1), (megabytes, command, result.stderr))
                 self.assertEqual(result.stderr.count(b"\n"), result.returncode, (megabytes, command, result.stderr))
-        self.assertLessEqual({0, 1}, ends)
+        self.assertLessEqual({1}, ends)
 
 
 class UsageTests(CommandTests):

@@ -128,7 +128,7 @@ class ThumbnailTests(PictureTests):
         self.assert_failure(self.run_command("preview", file, "--colors", "empty.plist"), "empty.plist", "no colours")
 
     def test_a_document_that_takes_too_long_is_given_up(self):
-        file = self.write("long.tabulon", document(*["sin(1 / 7) ^ 0.123456789 + ln(3.3)"] * 39000))
+        file = self.write("long.tabulon", document(*(f"sin({i} / 7) ^ 0.123456789 + ln({i}.3) * ln({i}.7)" for i in range(39000))))
         limit = lambda: resource.setrlimit(resource.RLIMIT_CPU, (1, 60))
         result = subprocess.run(
             [test_command.COMMAND, "thumbnail", "long.tabulon", "-o", "picture"],

@@ -14,8 +14,9 @@ constexpr const char* folderName = "quicklook-data";
 
 } // namespace
 
-// The team would name a folder that applications of one maker share; where the platform has no such folders, each
-// application has its own, and a host that names no team, or has no information at all, has the same one.
+// The team would name a folder that applications of one maker share; where the platform has no such folders,
+// each application has its own, and a host that names no team, or has no information at all, has the same
+// one.
 std::optional<std::string> TBPaths::quicklookDataFolderForBundle(const platform::Bundle& bundle) {
     if (bundle.infoDictionary().isNull()) {
         TBFErrorLog("%s", "Info dictionary doesn't exist");

@@ -141,8 +141,8 @@ std::string isWrittenAsURI(const std::string& text) {
     throw CommandFailure{ExitCodeUsage, {}, why};
 }
 
-// What somebody writes who means a command or a file: "answer", "notes.txt", "~/notes". A line to answer begins
-// with a digit, or has a blank, an operator or a bracket in it.
+// What somebody writes who means a command or a file: "answer", "notes.txt", "~/notes". A line to answer
+// begins with a digit, or has a blank, an operator or a bracket in it.
 bool looksLikeName(std::string_view text) {
     const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
     const auto isOfName = [&](char c) {
@@ -186,7 +186,8 @@ struct Parser {
     }
 
     void addPreview() {
-        previewCommand = app.add_subcommand("preview", "The page of a document or a text, as a preview shows it");
+        previewCommand =
+            app.add_subcommand("preview", "The page of a document or a text, as a preview shows it");
         addFile(*previewCommand, "FILE", preview.file, "A document, UTF-8 text, or - for standard input")
             ->required();
         addOutput(*previewCommand, preview.output);
@@ -257,16 +258,19 @@ struct Parser {
     void checkUse(bool hasExtras) const {
         if (!line) {
             if (!app.get_subcommands().empty()) return;
-            failForUsage("a command or a line is needed, as in: tabulon answers notes.txt, or: tabulon '2 kg in lb'");
+            failForUsage(
+                "a command or a line is needed, as in: tabulon answers notes.txt, or: tabulon '2 kg in lb'");
         }
         std::error_code ignored;
         if (std::filesystem::exists(*line, ignored)) {
-            failForUsage(*line + " is a file, and needs a command: tabulon answers, preview, thumbnail, export or "
-                                 "convert FILE");
+            failForUsage(*line +
+                         " is a file, and needs a command: tabulon answers, preview, thumbnail, export or "
+                         "convert FILE");
         }
         if (looksLikeName(*line)) {
-            failForUsage(*line + " is neither a command nor a file; a line to answer is given in quotes, as in: "
-                                 "tabulon '2 kg in lb'");
+            failForUsage(*line +
+                         " is neither a command nor a file; a line to answer is given in quotes, as in: "
+                         "tabulon '2 kg in lb'");
         }
         if (hasExtras || !app.get_subcommands().empty()) {
             failForUsage("a line is one argument, and takes quotes, as in: tabulon '2 kg in lb'");

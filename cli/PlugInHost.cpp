@@ -42,10 +42,11 @@ std::vector<fs::path> placesOfContent(const HostOptions& options) {
     std::string text;
     for (const fs::path& place : places)
         text += (text.empty() ? "" : " or ") + place.string();
-    throw CommandFailure{ExitCodeFailed,
-                         {},
-                         std::string("there is no ") + contentName + " in " + (text.empty() ? "reach" : text) +
-                             ": --content DIR says where it is, --no-content does without units and currencies"};
+    throw CommandFailure{
+        ExitCodeFailed,
+        {},
+        std::string("there is no ") + contentName + " in " + (text.empty() ? "reach" : text) +
+            ": --content DIR says where it is, --no-content does without units and currencies"};
 }
 
 // The sentences as one, without the points at their ends.
@@ -73,5 +74,6 @@ void startEngine() {
     bootstrap(platform::Bundle::bundleWithIdentifier(kPlugInBundleIdentifier).get());
     const auto environment = TKEnvironment::sharedEnvironment();
     if (!environment || environment->contentFailures().empty()) return;
-    throw CommandFailure{ExitCodeFailed, {}, "the content is damaged: " + joined(environment->contentFailures())};
+    throw CommandFailure{
+        ExitCodeFailed, {}, "the content is damaged: " + joined(environment->contentFailures())};
 }

@@ -15,8 +15,8 @@ struct HostOptions {
     bool plainRules = false; // turns the readings off
 };
 
-// Before anything of the engine is used. A CommandFailure if there is no content and the user wants some: lines
-// would have answers all the same, and wrong ones.
+// Before anything of the engine is used. A CommandFailure if there is no content and the user wants some:
+// lines would have answers all the same, and wrong ones.
 void hostPlugIn(const HostOptions& options);
 
 // Sets the engine up, once; then it does nothing. A CommandFailure that names the files if the content is

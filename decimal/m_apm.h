@@ -47,6 +47,8 @@ void M_apm_log_error_msg(bool fatal, const char* message);
 void m_apm_set_warnings_enabled(bool enabled);
 // What a host wants to happen instead when there is no memory: it may throw, and must not return. Null, as at first,
 // for the message and the end. Before other threads start.
+// What a host wants to happen instead when there is no memory: it may throw, and must not return. Null, as at
+// first, for the message and the end. Before other threads start.
 void m_apm_set_out_of_memory_handler(void (*handler)());
 
 // Constants, made by the first m_apm_init and read-only afterwards.

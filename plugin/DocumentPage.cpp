@@ -51,7 +51,8 @@ DocumentPage pageOfDocumentAtURL(const char* url) {
 }
 
 DocumentPage firstScreenOfDocumentAtURL(const char* url, double height) {
-    return pageOfURL(url, [height](const auto& collection) { return firstScreenOfLines(collection, height); });
+    return pageOfURL(url,
+                     [height](const auto& collection) { return firstScreenOfLines(collection, height); });
 }
 
 std::optional<std::string> firstScreenOfLines(const std::shared_ptr<TCLineCollection>& collection,

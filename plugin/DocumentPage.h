@@ -22,4 +22,5 @@ DocumentPage pageOfDocumentAtURL(const char* url);
 DocumentPage firstScreenOfDocumentAtURL(const char* url, double height);
 
 // The same of lines that are there already; none for a null collection.
-std::optional<std::string> firstScreenOfLines(const std::shared_ptr<TCLineCollection>& collection, double height);
+std::optional<std::string> firstScreenOfLines(const std::shared_ptr<TCLineCollection>& collection,
+                                              double height);

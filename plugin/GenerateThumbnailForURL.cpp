@@ -54,7 +54,8 @@ void drawPage(QLThumbnailRequest* request, const std::optional<std::string>& pag
 int32_t GenerateThumbnailForURL(void*, QLThumbnailRequest* request, const char* url, const char*,
                                 const QLProperties*, double maxWidth, double maxHeight) {
     const DocumentPage page = firstScreenOfDocumentAtURL(url, pageSize.height);
-    if (page.isDocument && isLargeEnough(maxWidth, maxHeight)) drawPage(request, page.html, maxWidth, maxHeight);
+    if (page.isDocument && isLargeEnough(maxWidth, maxHeight))
+        drawPage(request, page.html, maxWidth, maxHeight);
     return 0;
 }
 

@@ -18,9 +18,9 @@
 
 class TCUnitsFileParser {
 public:
-    // The units file gives the units, the localizations their names. A file that can't be read counts as empty
-    // and is named in the `failures`; so is one that holds nothing of its kind. A localization may be left out
-    // by an empty path. Of the preferences, the chosen options' units exist.
+    // The units file gives the units, the localizations their names. A file that can't be read counts as
+    // empty and is named in the `failures`; so is one that holds nothing of its kind. A localization may be
+    // left out by an empty path. Of the preferences, the chosen options' units exist.
     static TCUnitsFile readUnitsFile(const std::string& path, const std::string& localizationFile,
                                      const std::string& fallbackLocalizationFile,
                                      const TCUnitsPreferenceChoices& preferences);

@@ -70,9 +70,9 @@ public:
     void completeLoading();
     bool bundleLoaded() const { return isBundleLoaded; }
 
-    // What of the bundle is missing or damaged, a sentence for each file, which it names; empty if all is well.
-    // For after the loading. A host that doesn't tell its user itself leaves the log on: a line on standard error
-    // for each.
+    // What of the bundle is missing or damaged, a sentence for each file, which it names; empty if all is
+    // well. For after the loading. A host that doesn't tell its user itself leaves the log on: a line on
+    // standard error for each.
     const std::vector<std::string>& contentFailures() const { return failures; }
     void setLogsContentFailures(bool log) { isLoggingFailures = log; }
 

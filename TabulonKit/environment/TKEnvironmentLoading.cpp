@@ -117,7 +117,7 @@ void TKEnvironment::_loadCurrencyUnitsFromBundle(const Bundle& bundle, const std
     const Path names = neededList(bundle, "CurrencyLocalization", localization);
     if (!names)
         TBFErrorLog("WARNING: No currencies localization file found for %s",
-              localization.empty() ? "the user's language" : localization.c_str());
+                    localization.empty() ? "the user's language" : localization.c_str());
     const auto& manager = currenciesManager();
     const PropertyList rates = contentsOf(defaults);
     if (!rates.isNull() && rates["TKCurrencies"].isNull())

@@ -58,7 +58,7 @@ private:
     std::shared_ptr<TCUnitCollection> enabledUnits;
     std::unordered_map<std::string_view, std::shared_ptr<TCUnit>>
         unitsByIdentifier; // keys are the units' own
-    TCUnitsFile loaded; // all units but money
+    TCUnitsFile loaded;    // all units but money
     TCUnitsPreferenceChoices preferences;
     std::vector<std::string> loadingFailures;
 };

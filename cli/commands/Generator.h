@@ -11,6 +11,6 @@ struct InstanceRelease {
 };
 using Generator = std::unique_ptr<QLGeneratorInterface*, InstanceRelease>;
 
-// The plug-in by the interface that makes previews and thumbnails. A CommandFailure if it doesn't answer, or the
-// content is damaged.
+// The plug-in by the interface that makes previews and thumbnails. A CommandFailure if it doesn't answer, or
+// the content is damaged.
 Generator loadGenerator();

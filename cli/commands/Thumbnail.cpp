@@ -56,14 +56,14 @@ struct stat statusOf(const std::string& file) {
     if (S_ISDIR(status.st_mode)) fail(file, "is a folder, not a document");
     if (!S_ISREG(status.st_mode)) fail(file, "is not a file with a document");
     if (static_cast<std::size_t>(status.st_size) > maxSize) {
-        fail(file, "is too large for a thumbnail: it has at most " + std::to_string(maxSize >> 20) +
-                       " MiB");
+        fail(file, "is too large for a thumbnail: it has at most " + std::to_string(maxSize >> 20) + " MiB");
     }
     return status;
 }
 
 void checkCountOfLines(const std::string& file, std::size_t count) {
-    if (count > maxLines) fail(file, "is too long for a thumbnail: it has at most " + std::to_string(maxLines) + " lines");
+    if (count > maxLines)
+        fail(file, "is too long for a thumbnail: it has at most " + std::to_string(maxLines) + " lines");
 }
 
 // The plug-in draws an empty page of what it can't read, and of any length what it can.
@@ -106,15 +106,15 @@ void runThumbnail(const ThumbnailArguments& arguments) {
         PictureRequest request;
         isDocumentFile(file) ? drawDocument(arguments, request) : drawText(arguments, request);
         const std::string image =
-            request.picture ? platform::pngImage(*request.picture,
-                                                 {{"Thumb::URI", arguments.uri ? *arguments.uri : uriOf(file)},
-                                                  {"Thumb::MTime", std::to_string(status.st_mtime)},
-                                                  {"Thumb::Size", std::to_string(status.st_size)},
-                                                  {"Software", "Tabulon"}})
-                            : std::string();
+            request.picture
+                ? platform::pngImage(*request.picture,
+                                     {{"Thumb::URI", arguments.uri ? *arguments.uri : uriOf(file)},
+                                      {"Thumb::MTime", std::to_string(status.st_mtime)},
+                                      {"Thumb::Size", std::to_string(status.st_size)},
+                                      {"Software", "Tabulon"}})
+                : std::string();
         if (image.empty()) fail(file, "can't be drawn");
         return image;
     };
-    writeOutput(arguments.output,
-                resultOfOwnProcess(draw, file, {static_cast<std::size_t>(status.st_size)}));
+    writeOutput(arguments.output, resultOfOwnProcess(draw, file, {static_cast<std::size_t>(status.st_size)}));
 }

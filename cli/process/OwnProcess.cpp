@@ -107,12 +107,15 @@ std::string reasonOfEnd(int status) {
     if (!WIFSIGNALED(status)) return "can't be drawn: there is not enough memory";
     switch (WTERMSIG(status)) {
     case SIGXCPU:
-    case SIGALRM: return "takes too long for a thumbnail";
+    case SIGALRM:
+        return "takes too long for a thumbnail";
     // Libraries that don't get their memory abort; the system kills.
     case SIGABRT:
     case SIGTRAP:
-    case SIGKILL: return "takes too much memory for a thumbnail";
-    default: return std::string("can't be drawn: ") + strsignal(WTERMSIG(status));
+    case SIGKILL:
+        return "takes too much memory for a thumbnail";
+    default:
+        return std::string("can't be drawn: ") + strsignal(WTERMSIG(status));
     }
 }
 

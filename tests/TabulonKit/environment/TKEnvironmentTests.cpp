@@ -140,11 +140,14 @@ TEST_F(TKEnvironmentTests, WhatIsMissingCostsOnlyItself) {
                 testing::AllOf(HasSubstr("No currencies localization file found"),
                                HasSubstr(content.string() + ": Units.plist is missing\n")));
     EXPECT_EQ(answer(u"1k + 2"), "1002");
-    const auto missing = [this](const char* name) { return content.string() + ": " + name + ".plist is missing"; };
+    const auto missing = [this](const char* name) {
+        return content.string() + ": " + name + ".plist is missing";
+    };
     EXPECT_THAT(environment->contentFailures(),
-                testing::UnorderedElementsAre(missing("Localizable"), missing("Units"), missing("UnitLocalization"),
-                                              missing("Currencies"), missing("CurrencyLocalization"),
-                                              missing("PercentageOperators"), missing("WordOperators")));
+                testing::UnorderedElementsAre(missing("Localizable"), missing("Units"),
+                                              missing("UnitLocalization"), missing("Currencies"),
+                                              missing("CurrencyLocalization"), missing("PercentageOperators"),
+                                              missing("WordOperators")));
 
     testing::internal::CaptureStderr();
     build();
@@ -165,7 +168,8 @@ TEST_F(TKEnvironmentTests, DamagedContentIsNamedOnceAndLoggedUnlessTheHostTells)
         environment->loadFromBundleAtPath(content.string());
         environment->completeLoading();
         const std::string said = testing::internal::GetCapturedStderr();
-        EXPECT_THAT(environment->contentFailures(), testing::Contains(HasSubstr("UnitLocalization.plist: line 1")).Times(1));
+        EXPECT_THAT(environment->contentFailures(),
+                    testing::Contains(HasSubstr("UnitLocalization.plist: line 1")).Times(1));
         EXPECT_EQ(said.find("UnitLocalization.plist: line 1") != said.npos, isLogging) << said;
     }
     TBFErrorLogSetEnabled(1);

@@ -194,8 +194,14 @@ TEST(UnitsFile, RowsThatCanNotBeUsedAreLeftOut) {
     EXPECT_EQ(file.units.size(), 20003U);
     EXPECT_EQ(UnitsData::unit(file, "wide")->nameForFormat(TCUnitNameFormatLong), u"7");
 
-    EXPECT_TRUE(TCUnitsFileParser::readUnitsFile("/nowhere/Units.plist", "", "", {}).units.empty());
-    EXPECT_TRUE(TCUnitsFileParser::loadCurrencyUnitsFromLocalizationFile("/nowhere").empty());
+    const TCUnitsFile none =
+        TCUnitsFileParser::readUnitsFile("/nowhere/Units.plist", "/nowhere/Names.plist", "", {});
+    EXPECT_TRUE(none.units.empty());
+    EXPECT_THAT(none.failures, ElementsAre(testing::HasSubstr("/nowhere/Units.plist: "),
+                                           testing::HasSubstr("/nowhere/Names.plist: ")));
+    std::vector<std::string> failures;
+    EXPECT_TRUE(TCUnitsFileParser::loadCurrencyUnitsFromLocalizationFile("/nowhere", &failures).empty());
+    EXPECT_EQ(failures.size(), 1U);
 }
 
 TEST(UnitsFile, IntegersOfALooseText) {

@@ -46,8 +46,6 @@ void ignore(void*, const char*, ...) {}
 
 // Libraries that say on standard error what they give back as a failure, too.
 void quietLibraries() {
-    const auto ignore = [](void*, const char*, ...) {};
-    TBFErrorLogSetEnabled(0);
     xmlSetGenericErrorFunc(nullptr, ignore);
     xmlThrDefSetGenericErrorFunc(nullptr, ignore);
     m_apm_set_out_of_memory_handler([] { throw std::bad_alloc(); });

@@ -45,8 +45,7 @@ void M_apm_log_error_msg(bool fatal, const char* message);
 // Whether warnings are wanted. They aren't from the start: every operation gives a defined value without
 // them. Set before the kernel is used.
 void m_apm_set_warnings_enabled(bool enabled);
-// What a host wants to happen instead when there is no memory: it may throw, and must not return. Null, as at first,
-// for the message and the end. Before other threads start.
+
 // What a host wants to happen instead when there is no memory: it may throw, and must not return. Null, as at
 // first, for the message and the end. Before other threads start.
 void m_apm_set_out_of_memory_handler(void (*handler)());

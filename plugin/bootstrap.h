@@ -16,9 +16,7 @@ struct BootstrapChoices {
     std::optional<std::string> dataFolder; // with the saved values
     std::optional<int64_t> batchBudget;    // steps of work for the loading of a document, see TCSettings
     bool readings = true;                  // beyond the plain rules, see TCSettings
-    bool tellsOfContent = false; // that content is missing or damaged; otherwise a line on standard error does
-    bool tellsOfContent =
-        false; // that content is missing or damaged; otherwise a line on standard error does
+    bool tellsOfContent = false; // that it is missing or damaged; otherwise a line on standard error does
 };
 
 // For the `bootstrap` to come; without effect afterwards. On the thread that makes the first instance.

@@ -13,10 +13,10 @@ class Bundle;
 // What a host may choose for the environment. Whatever it leaves out is as the plug-in has it.
 struct BootstrapChoices {
     std::string localization; // of the content, as "de"; empty leaves it to the user's preferences
-    std::optional<std::string> dataFolder; // with the saved values
-    std::optional<int64_t> batchBudget;    // steps of work for the loading of a document, see TCSettings
-    bool readings = true;                  // beyond the plain rules, see TCSettings
-    bool tellsOfContent = false;           // that it is missing or damaged; otherwise a line on standard error does
+    std::optional<std::string> dataFolder = {}; // with the saved values
+    std::optional<int64_t> batchBudget = {};    // steps of work for the loading of a document, see TCSettings
+    bool readings = true;                       // beyond the plain rules, see TCSettings
+    bool tellsOfContent = false; // that it is missing or damaged; otherwise a line on standard error does
 };
 
 // For the `bootstrap` to come; without effect afterwards. On the thread that makes the first instance.

@@ -134,8 +134,10 @@ TEST_F(TKEnvironmentTests, WhatIsMissingCostsOnlyItself) {
     fs::remove_all(content / "en.lproj");
     fs::remove(content / "Units.plist");
     fs::remove(content / "Currencies.plist");
+    TBFErrorLogSetEnabled(1);
     testing::internal::CaptureStderr();
     load();
+    TBFErrorLogSetEnabled(0);
     EXPECT_THAT(testing::internal::GetCapturedStderr(),
                 testing::AllOf(HasSubstr("No currencies localization file found"),
                                HasSubstr(content.string() + ": Units.plist is missing\n")));
@@ -160,7 +162,6 @@ TEST_F(TKEnvironmentTests, WhatIsMissingCostsOnlyItself) {
 
 TEST_F(TKEnvironmentTests, DamagedContentIsNamedOnceAndLoggedUnlessTheHostTells) {
     std::ofstream(content / "en.lproj" / "UnitLocalization.plist") << "x"; // two managers read it
-    TBFErrorLogSetEnabled(0); // the log for developers has all of it
     for (const bool isLogging : {true, false}) {
         testing::internal::CaptureStderr();
         build();
@@ -172,7 +173,6 @@ TEST_F(TKEnvironmentTests, DamagedContentIsNamedOnceAndLoggedUnlessTheHostTells)
                     testing::Contains(HasSubstr("UnitLocalization.plist: line 1")).Times(1));
         EXPECT_EQ(said.find("UnitLocalization.plist: line 1") != said.npos, isLogging) << said;
     }
-    TBFErrorLogSetEnabled(1);
 }
 
 TEST_F(TKEnvironmentTests, WithoutADataFolderNothingIsReadOrSaved) {

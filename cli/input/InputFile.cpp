@@ -4,6 +4,7 @@
 #include "document/FileReader.h"
 #include "input/UTF8Validation.h"
 #include "lines/TCLineCollection.h"
+#include "xml/XMLBounds.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -14,7 +15,6 @@
 
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view documentStart = "<?xml";
 
 // Each line of a text takes many times its length once it is analysed.
@@ -33,11 +33,6 @@ public:
 
     const int descriptor;
 };
-
-std::string_view withoutByteOrderMark(std::string_view bytes) {
-    if (bytes.starts_with(byteOrderMark)) bytes.remove_prefix(byteOrderMark.size());
-    return bytes;
-}
 
 [[noreturn]] void fail(const std::string& file, const std::string& why) {
     throw CommandFailure{ExitCodeFailed, displayNameOf(file), why};
@@ -79,7 +74,7 @@ std::string readInputFile(const std::string& file) {
 }
 
 bool looksLikeDocument(std::string_view bytes) {
-    return withoutByteOrderMark(bytes).starts_with(documentStart);
+    return platform::withoutByteOrderMark(bytes).starts_with(documentStart);
 }
 
 bool isDocumentFile(const std::string& file) {
@@ -92,7 +87,7 @@ bool isDocumentFile(const std::string& file) {
 }
 
 std::string_view validatedText(const std::string& file, std::string_view bytes) {
-    const std::string_view text = withoutByteOrderMark(bytes);
+    const std::string_view text = platform::withoutByteOrderMark(bytes);
     const auto ends = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
     if (ends + (text.empty() || text.back() == '\n' ? 0 : 1) > maxLines)
         fail(file, "is too large: a text has at most " + std::to_string(maxLines) + " lines");

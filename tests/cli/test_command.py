@@ -184,13 +184,13 @@ class AnswersTests(CommandTests):
             (b"1\n2\n\x00\n", r"NUL character \(line 3\)"),
             (b"<?xml version='1.0'?><html/>", "root element is <html>"),
             (b"<?xml version='1.0'?><data>", "cut off"),
-            (b"\xef\xbb\xbf<?xml version='1.0'?><data/>", "not a document"),
+            (b"\xef\xbb\xbf<?xml version='1.0'?><html/>", "root element is <html>"),
         ]
         for text, why in rows:
             with self.subTest(text):
                 self.assert_failure(self.run_command("answers", "-", stdin=text), "standard input", why)
                 self.assert_failure(self.run_command("answers", self.write("t", text)), self.path("t"), why)
-        for text in ["\u00e9 5", "\ud7ff", "\ue000", "\U0010ffff", "1234567\u00a0"]:
+        for text in ["\ufeff<?xml version='1.0'?><data/>", "\u00e9 5", "\ud7ff", "\ue000", "\U0010ffff", "1234567\u00a0"]:
             self.output_of("answers", stdin=text.encode())
 
     def test_an_input_without_end_is_refused(self):

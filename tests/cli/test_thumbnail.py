@@ -88,7 +88,7 @@ class ThumbnailTests(PictureTests):
             ("binary", "1 + 2\0", "NUL character"),
             ("cut", document("1 + 2")[:-20], "is cut off"),
             ("page", '<?xml version="1.0"?><html/>', "root element"),
-            ("entities", '<?xml version="1.0"?><!DOCTYPE data [<!ENTITY a "b">]><data>&a;</data>', "entities"),
+            ("entities", '<?xml version="1.0"?><!DOCTYPE data [<!ENTITY a "b">]><data>&a;</data>', "definitions"),
             ("lines", document(*[""] * 40001), "is too long for a thumbnail"),
             ("text", "\n" * 40001, "is too long for a thumbnail"),
         ]

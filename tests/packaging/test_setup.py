@@ -11,7 +11,7 @@ import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 COMMAND = None  # set from the command line
-LISTS = ["build_packages", "test_packages", "fuzz_packages", "bench_packages"]
+LISTS = ["build_packages", "test_packages", "fuzz_packages", "bench_packages", "format_packages"]
 
 
 class SetupTests(unittest.TestCase):

@@ -3,7 +3,7 @@
 // The functions of an environment: a foundation list in the core layer's hands. Filled while an environment
 // is made, only read afterwards.
 
-#include "eval/functions/TBFFunction.h"
+#include "face/names/functions/TBFFunction.h"
 #include "runtime/Ref.h"
 
 class TCFunctionList {

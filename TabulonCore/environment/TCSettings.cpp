@@ -1,7 +1,7 @@
 #include "environment/TCSettings.h"
 
-#include "eval/Settings.h"
-#include "eval/TBFoundation.h"
+#include "runtime/Settings.h"
+#include "face/TBFoundation.h"
 #include "runtime/TBFLog.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include "environment/TCWordOperator.h"
 
-#include "analysis/wordoperators/CompiledWordOperator.h"
-#include "analysis/wordoperators/WordOperator.h"
+#include "eval/wordoperators/CompiledWordOperator.h"
+#include "names/wordoperators/WordOperator.h"
 #include "runtime/TBFLog.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 // A word that acts as an operator, as localizations define it: one of six kinds with a word of its own.
 // Immutable.
 
-#include "analysis/wordoperators/TBFWordOperator.h"
+#include "face/names/wordoperators/TBFWordOperator.h"
 #include "runtime/Ref.h"
 
 #include <cstdint>

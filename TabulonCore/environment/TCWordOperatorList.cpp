@@ -1,7 +1,7 @@
 #include "environment/TCWordOperatorList.h"
 
-#include "analysis/wordoperators/CompiledWordOperator.h"
-#include "analysis/wordoperators/WordOperatorList.h"
+#include "eval/wordoperators/CompiledWordOperator.h"
+#include "names/wordoperators/WordOperatorList.h"
 #include "environment/TCEnvironment.h"
 #include "environment/TCWordOperator.h"
 

@@ -3,7 +3,7 @@
 // The words that act as operators in an environment. Filled while an environment is made, and on a change of
 // localization; only read otherwise.
 
-#include "analysis/wordoperators/TBFWordOperatorList.h"
+#include "face/names/wordoperators/TBFWordOperatorList.h"
 #include "runtime/Ref.h"
 
 #include <memory>

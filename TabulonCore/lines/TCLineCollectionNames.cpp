@@ -1,6 +1,6 @@
 // The names that lines declare: a variable for each, with the lines that declare it and their values.
 
-#include "eval/Settings.h"
+#include "runtime/Settings.h"
 #include "expressions/TCExpression.h"
 #include "expressions/TCLineVariableDeclaration.h"
 #include "lines/TCLine.h"

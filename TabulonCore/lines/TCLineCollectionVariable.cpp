@@ -1,6 +1,6 @@
 #include "lines/TCLineCollectionVariable.h"
 
-#include "eval/variables/Variable.h"
+#include "names/variables/Variable.h"
 #include "lines/TCLine.h"
 #include "results/TCResult.h"
 #include "runtime/String.h"

@@ -6,7 +6,7 @@
 // shared empty result has nothing to fill.
 
 #include "environment/TCSimpleLocale.h"
-#include "results/TBFResult.h"
+#include "face/results/TBFResult.h"
 #include "results/TCResultFormattingOptions.h"
 #include "runtime/Ref.h"
 #include "units/TCUnitTypes.h"

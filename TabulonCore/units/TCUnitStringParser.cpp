@@ -1,6 +1,6 @@
 #include "units/TCUnitStringParser.h"
 
-#include "analysis/wordoperators/WordOperatorList.h"
+#include "names/wordoperators/WordOperatorList.h"
 #include "environment/TCBuiltins.h"
 #include "environment/TCWordOperatorList.h"
 #include "eval/Evaluator.h"

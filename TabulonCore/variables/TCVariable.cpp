@@ -3,7 +3,7 @@
 #include "bundle/LocalizedStrings.h"
 #include "environment/TCEvaluator.h"
 #include "environment/TCWarnLog.h"
-#include "eval/variables/Variable.h"
+#include "names/variables/Variable.h"
 #include "expressions/TCExpression.h"
 #include "results/TCResult.h"
 #include "results/TCResultFormatter.h"

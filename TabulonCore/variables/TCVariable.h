@@ -6,7 +6,7 @@
 // document's thread.
 
 #include "environment/TCSimpleLocale.h"
-#include "eval/variables/TBFVariable.h"
+#include "face/names/variables/TBFVariable.h"
 #include "expressions/TCRange.h"
 #include "propertylist/PropertyList.h"
 #include "runtime/Ref.h"

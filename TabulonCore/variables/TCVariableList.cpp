@@ -2,7 +2,7 @@
 
 #include "environment/TCEnvironment.h"
 #include "environment/TCWarnLog.h"
-#include "eval/variables/VariableList.h"
+#include "names/variables/VariableList.h"
 #include "runtime/String.h"
 #include "runtime/Unicode.h"
 #include "units/UnitContainer.h"

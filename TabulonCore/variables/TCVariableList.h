@@ -4,7 +4,7 @@
 // it. Counts its changes, so that whoever read names can tell whether they still hold. Used on the
 // document's thread.
 
-#include "eval/variables/TBFVariableList.h"
+#include "face/names/variables/TBFVariableList.h"
 #include "runtime/Ref.h"
 
 #include <cstdint>

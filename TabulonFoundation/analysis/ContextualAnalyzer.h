@@ -6,7 +6,7 @@
 // Cheap to make; holds nothing between two analyses. One thread at a time.
 
 #include "analysis/ExpressionToken.h"
-#include "analysis/Namespace.h"
+#include "names/Namespace.h"
 #include "analysis/TokenizedExpression.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "document/FileContents.h"
 
-#include "runtime/TBFString.h"
+#include "face/runtime/TBFString.h"
 
 #include <algorithm>
 #include <charconv>

@@ -5,7 +5,7 @@
 // costs no stack. Made for an evaluation by the evaluator; word operators evaluate their templates with the
 // same one. Belongs to one thread; takes the kernel's lock for each operation, never across the walk.
 
-#include "eval/TBFEvaluationError.h"
+#include "results/TBFEvaluationError.h"
 #include "eval/operations/OperandCoercion.h"
 #include "numbers/MAPMContext.h"
 #include "parser/ExpressionNode.h"

@@ -5,7 +5,7 @@
 // the digits through the kernel holds its lock (numbers/KernelLock.h).
 
 #include "numbers/Decimal.h"
-#include "numbers/TBFNumber.h"
+#include "face/numbers/TBFNumber.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 

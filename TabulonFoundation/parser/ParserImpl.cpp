@@ -6,7 +6,7 @@
 #include "units/AmbiguousUnit.h"
 #include "units/TBFUnitTypes.h"
 #include "units/UnitContainer.h"
-#include "units/UnitDisambiguator.h"
+#include "parser/UnitDisambiguator.h"
 
 #include <utility>
 

@@ -2,7 +2,7 @@
 #include "numbers/KernelLock.h"
 #include "results/Result.h"
 #include "results/ResultParts.h"
-#include "results/ResultText.h"
+#include "numbers/DecimalText.h"
 
 #include <utility>
 

@@ -2,7 +2,7 @@
 
 #include "numbers/KernelLock.h"
 #include "numbers/Number.h"
-#include "results/ResultText.h"
+#include "numbers/DecimalText.h"
 #include "units/Unit.h"
 #include "units/UnitFraction.h"
 

@@ -4,8 +4,8 @@
 // was written. The evaluator makes it, the core wraps it. Fields that are made on demand are written without
 // a lock, so one thread uses a result at a time.
 
-#include "eval/TBFEvaluationError.h"
-#include "eval/UnitNameFormats.h"
+#include "results/TBFEvaluationError.h"
+#include "units/UnitNameFormats.h"
 #include "numbers/Decimal.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"

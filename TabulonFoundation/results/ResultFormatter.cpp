@@ -4,7 +4,7 @@
 #include "numbers/Decimal.h"
 #include "numbers/KernelLock.h"
 #include "results/Result.h"
-#include "results/ResultText.h"
+#include "numbers/DecimalText.h"
 
 #include <algorithm>
 #include <optional>

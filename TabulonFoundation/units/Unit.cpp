@@ -3,7 +3,7 @@
 #include "numbers/Decimal.h"
 #include "numbers/KernelLock.h"
 #include "numbers/Number.h"
-#include "results/ResultText.h"
+#include "numbers/DecimalText.h"
 #include "runtime/TBFLog.h"
 
 #include <cmath>

@@ -7,7 +7,7 @@
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 #include "runtime/String.h"
-#include "units/TBFUnitStringFormatter.h"
+#include "face/units/TBFUnitStringFormatter.h"
 #include "units/TBFUnitTypes.h"
 
 #include <array>

@@ -1,6 +1,6 @@
 #include "units/UnitTypeFactorings.h"
 
-#include "eval/TBFSettings.h"
+#include "face/runtime/TBFSettings.h"
 
 #include <algorithm>
 #include <cstddef>

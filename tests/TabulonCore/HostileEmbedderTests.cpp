@@ -5,7 +5,7 @@
 
 #include "document/DependencyGraph.h"
 #include "environment/TCEvaluator.h"
-#include "eval/variables/Variable.h"
+#include "names/variables/Variable.h"
 #include "lines/LineCollectionTesting.h"
 #include "lines/TCLineCollectionStatistics.h"
 #include "lines/TCLineCollectionVariable.h"

@@ -1,7 +1,7 @@
 #include "analysis/passes/CheckOperatorArguments.h"
 
 #include "analysis/passes/NodeRoles.h"
-#include "analysis/wordoperators/WordOperator.h"
+#include "names/wordoperators/WordOperator.h"
 
 #include <cstddef>
 

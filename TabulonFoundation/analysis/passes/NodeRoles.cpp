@@ -1,6 +1,6 @@
 #include "analysis/passes/NodeRoles.h"
 
-#include "analysis/wordoperators/WordOperator.h"
+#include "names/wordoperators/WordOperator.h"
 #include "units/AmbiguousUnit.h"
 #include "units/UnitContainer.h"
 

@@ -6,7 +6,7 @@
 #include "numbers/KernelLock.h"
 #include "numbers/MAPMContext.h"
 #include "numbers/TBFMAPMExtensions.h"
-#include "numbers/Value.h"
+#include "units/Value.h"
 #include "runtime/TBFLog.h"
 #include "units/UnitFractionBuilder.h"
 

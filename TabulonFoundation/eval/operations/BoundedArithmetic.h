@@ -5,7 +5,7 @@
 // they are, so that a formula of several steps checks at its end. Made for one operation; the caller holds
 // the kernel's lock throughout. A result may not be one of its operands.
 
-#include "eval/TBFEvaluationError.h"
+#include "results/TBFEvaluationError.h"
 #include "m_apm.h"
 #include "numbers/MAPMContext.h"
 

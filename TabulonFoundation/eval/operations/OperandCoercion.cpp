@@ -1,10 +1,10 @@
 #include "eval/operations/OperandCoercion.h"
 
-#include "eval/Settings.h"
+#include "runtime/Settings.h"
 #include "eval/operations/BoundedArithmetic.h"
 #include "numbers/KernelLock.h"
 #include "numbers/MAPMContext.h"
-#include "numbers/Value.h"
+#include "units/Value.h"
 #include "runtime/TBFLog.h"
 #include "units/UnitFractionBuilder.h"
 #include "units/UnitFractionSimplifier.h"

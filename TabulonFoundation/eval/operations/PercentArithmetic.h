@@ -5,7 +5,7 @@
 // themselves.
 
 #include "eval/operations/BoundedArithmetic.h"
-#include "numbers/TBFNumber.h"
+#include "face/numbers/TBFNumber.h"
 #include "parser/TBFOperatorType.h"
 
 namespace TBF {

@@ -3,7 +3,7 @@
 // The operators that take one value. They keep its unit. They give null when there is no value, and
 // `error`, which starts at none, tells why. One thread for each evaluator.
 
-#include "eval/TBFEvaluationError.h"
+#include "results/TBFEvaluationError.h"
 #include "eval/operations/OperandCoercion.h"
 #include "runtime/Ref.h"
 

@@ -2,7 +2,7 @@
 
 #include "environment/TCSettings.h"
 #include "environment/TCTrigonometryMode.h"
-#include "eval/TBFSettings.h"
+#include "face/runtime/TBFSettings.h"
 
 #include <gtest/gtest.h>
 

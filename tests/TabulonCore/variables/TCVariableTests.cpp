@@ -1,6 +1,6 @@
 #include "variables/TCVariable.h"
 
-#include "eval/variables/Variable.h"
+#include "names/variables/Variable.h"
 #include "lines/LineCollectionTesting.h"
 #include "results/TCResult.h"
 #include "units/UnitContainer.h"

@@ -1,8 +1,8 @@
 #include "analysis/ContextualAnalyzer.h"
 
 #include "analysis/AnalysisVocabulary.h"
-#include "analysis/TBFContextualAnalyzer.h"
-#include "analysis/TBFTokenizedExpression.h"
+#include "face/analysis/TBFContextualAnalyzer.h"
+#include "face/analysis/TBFTokenizedExpression.h"
 #include "analysis/TokenDump.h"
 #include "units/TBFUnitTypes.h"
 

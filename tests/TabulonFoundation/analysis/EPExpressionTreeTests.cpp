@@ -2,7 +2,7 @@
 
 #include "analysis/AnalysisVocabulary.h"
 #include "analysis/BasicToken.h"
-#include "analysis/TBFEPExpressionTree.h"
+#include "face/analysis/TBFEPExpressionTree.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "analysis/TokenText.h"
 #include "analysis/ExpressionScannerImpl.h"
-#include "analysis/TBFBasicToken.h"
-#include "analysis/TBFExpressionScanner.h"
+#include "face/analysis/TBFBasicToken.h"
+#include "face/analysis/TBFExpressionScanner.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "analysis/TokenText.h"
 #include "analysis/ExpressionTokenizer.h"
-#include "analysis/TBFExpressionToken.h"
-#include "analysis/TBFExpressionTokenizer.h"
+#include "face/analysis/TBFExpressionToken.h"
+#include "face/analysis/TBFExpressionTokenizer.h"
 
 #include <gtest/gtest.h>
 

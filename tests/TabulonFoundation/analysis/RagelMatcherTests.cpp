@@ -1,4 +1,4 @@
-#include "analysis/TBFRagelMatcher.h"
+#include "face/analysis/TBFRagelMatcher.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "document/DependencyGraph.h"
-#include "document/TBFDependencyGraph.h"
+#include "face/document/TBFDependencyGraph.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
 #include "document/FileReader.h"
 #include "document/FileWriter.h"
-#include "document/TBFFileReader.h"
+#include "face/document/TBFFileReader.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

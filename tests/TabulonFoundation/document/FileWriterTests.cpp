@@ -1,6 +1,6 @@
 #include "document/FileReader.h"
 #include "document/FileWriter.h"
-#include "document/TBFFileWriter.h"
+#include "face/document/TBFFileWriter.h"
 #include "files/AtomicFile.h"
 
 #include <gmock/gmock.h>

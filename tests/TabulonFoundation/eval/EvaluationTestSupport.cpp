@@ -1,7 +1,7 @@
 #include "eval/EvaluationTestSupport.h"
 
-#include "eval/Settings.h"
-#include "eval/TBFoundation.h"
+#include "runtime/Settings.h"
+#include "face/TBFoundation.h"
 #include "numbers/TBFMAPMExtensions.h"
 #include "units/Unit.h"
 #include "units/UnitContainer.h"

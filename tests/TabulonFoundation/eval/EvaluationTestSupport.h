@@ -4,7 +4,7 @@
 
 #include "eval/ExpressionNodeEvaluator.h"
 #include "numbers/Number.h"
-#include "numbers/Value.h"
+#include "units/Value.h"
 #include "runtime/Ref.h"
 #include "runtime/TBFLog.h"
 #include "units/UnitCollection.h"

@@ -1,9 +1,9 @@
 #include "eval/ExpressionNodeEvaluator.h"
 
-#include "eval/EvalMetadata.h"
-#include "eval/EvaluationContext.h"
+#include "units/EvalMetadata.h"
+#include "results/EvaluationContext.h"
 #include "eval/EvaluationTestSupport.h"
-#include "eval/functions/FunctionList.h"
+#include "names/functions/FunctionList.h"
 #include "parser/ExpressionTree.h"
 #include "runtime/String.h"
 #include "units/AmbiguousUnit.h"

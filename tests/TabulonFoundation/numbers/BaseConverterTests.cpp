@@ -1,5 +1,5 @@
 #include "numbers/BaseConverter.h"
-#include "numbers/TBFBaseConverter.h"
+#include "face/numbers/TBFBaseConverter.h"
 #include "runtime/String.h"
 #include "runtime/TBFLog.h"
 

@@ -2,7 +2,7 @@
 
 #include "parser/OperatorTables.h"
 #include "parser/ParserImpl.h"
-#include "parser/TBFParser.h"
+#include "face/parser/TBFParser.h"
 #include "runtime/TBFLog.h"
 
 #include <gtest/gtest.h>

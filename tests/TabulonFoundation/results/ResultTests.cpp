@@ -2,7 +2,7 @@
 
 #include "eval/EvaluationTestSupport.h"
 #include "results/ResultParts.h"
-#include "results/TBFResult.h"
+#include "face/results/TBFResult.h"
 #include "runtime/String.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "runtime/Array.h"
 #include "runtime/CaseInsensitiveDictionary.h"
 #include "runtime/String.h"
-#include "runtime/TBFCaseInsensitiveDictionary.h"
+#include "face/runtime/TBFCaseInsensitiveDictionary.h"
 #include "runtime/Unicode.h"
 
 #include <gtest/gtest.h>

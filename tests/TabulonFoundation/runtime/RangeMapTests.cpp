@@ -1,6 +1,6 @@
 #include "runtime/IndexRangeMap.h"
 #include "runtime/RangeMap.h"
-#include "runtime/TBFIndexRangeMap.h"
+#include "face/runtime/TBFIndexRangeMap.h"
 
 #include <array>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "runtime/PolyString.h"
 #include "runtime/String.h"
 #include "runtime/StringBuffer.h"
-#include "runtime/TBFString.h"
+#include "face/runtime/TBFString.h"
 #include "runtime/Unicode.h"
 
 #include <cstdlib>

@@ -1,6 +1,6 @@
 #include "units/AmbiguousUnit.h"
-#include "units/TBFAmbiguousUnit.h"
-#include "units/TBFUnitContainer.h"
+#include "face/units/TBFAmbiguousUnit.h"
+#include "face/units/TBFUnitContainer.h"
 
 #include "units/UnitVocabulary.h"
 

@@ -1,4 +1,4 @@
-#include "units/TBFUnitContainer.h"
+#include "face/units/TBFUnitContainer.h"
 #include "units/UnitCollection.h"
 
 #include "numbers/Decimal.h"

@@ -1,4 +1,4 @@
-#include "units/TBFUnitContainer.h"
+#include "face/units/TBFUnitContainer.h"
 #include "units/UnitContainer.h"
 
 #include "units/UnitVocabulary.h"

@@ -1,7 +1,7 @@
 #include "units/UnitFractionFactorizer.h"
 
 #include "numbers/MAPMAccumulator.h"
-#include "units/TBFUnitFractionFactorizer.h"
+#include "face/units/TBFUnitFractionFactorizer.h"
 #include "units/UnitFractionSimplifier.h"
 #include "units/UnitTypeFactorings.h"
 

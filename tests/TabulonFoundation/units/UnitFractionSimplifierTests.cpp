@@ -1,4 +1,4 @@
-#include "units/TBFUnitFractionSimplifier.h"
+#include "face/units/TBFUnitFractionSimplifier.h"
 #include "units/UnitFractionSimplifier.h"
 #include "units/UnitTypeFactorings.h"
 

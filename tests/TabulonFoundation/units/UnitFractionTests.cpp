@@ -1,4 +1,4 @@
-#include "units/TBFUnitFraction.h"
+#include "face/units/TBFUnitFraction.h"
 #include "units/UnitFraction.h"
 #include "units/UnitFractionBuilder.h"
 

@@ -1,4 +1,4 @@
-#include "units/TBFUnitContainer.h"
+#include "face/units/TBFUnitContainer.h"
 #include "units/UnitStringFormatter.h"
 
 #include "units/UnitVocabulary.h"

@@ -1,4 +1,4 @@
-#include "units/TBFUnit.h"
+#include "face/units/TBFUnit.h"
 #include "units/Unit.h"
 
 #include "units/UnitVocabulary.h"

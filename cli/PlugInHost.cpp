@@ -5,7 +5,7 @@
 #include "bootstrap.h"
 #include "bundle/Bundle.h"
 #include "environment/TKEnvironment.h"
-#include "numbers/WorkBudget.h"
+#include "runtime/Settings.h"
 #include "process/ProgramPlaces.h"
 
 #include <algorithm>

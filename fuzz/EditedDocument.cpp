@@ -4,7 +4,7 @@
 #include "environment/TKEnvironment.h"
 #include "environment/TKEnvironmentBuilder.h"
 #include "runtime/Settings.h"
-#include "face/TBFoundation.h"
+#include "eval/Foundation.h"
 #include "expressions/TCExpressionToken.h"
 #include "expressions/TCParsedExpression.h"
 #include "lines/TCLine.h"
@@ -383,7 +383,7 @@ void startEnvironmentForEdits(const char* contentBundle, bool allowsRedefinition
     const auto settings = TBF::Settings::create();
     // A change of a setting is reported.
     if (allowsRedefinitions) settings->setBool(TBFSettingAllowsVariableRedefinitions, true);
-    TBFoundationInit(settings.get());
+    TBF::startFoundation(settings);
     TCSettings::make()->set();
     const auto environment = TKEnvironmentBuilder().build();
     environment->setUpdatesValuesFromWeb(false);

@@ -1,6 +1,5 @@
 #include "environment/TCWordOperator.h"
 
-#include "eval/wordoperators/CompiledWordOperator.h"
 #include "names/wordoperators/WordOperator.h"
 #include "runtime/TBFLog.h"
 

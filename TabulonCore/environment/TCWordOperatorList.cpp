@@ -1,6 +1,5 @@
 #include "environment/TCWordOperatorList.h"
 
-#include "eval/wordoperators/CompiledWordOperator.h"
 #include "names/wordoperators/WordOperatorList.h"
 #include "environment/TCEnvironment.h"
 #include "environment/TCWordOperator.h"
@@ -77,8 +76,9 @@ TCWordOperatorList::~TCWordOperatorList() = default;
 std::shared_ptr<TCWordOperatorList> TCWordOperatorList::listWithStandardWordOperators() {
     auto words = std::make_shared<TCWordOperatorList>();
     for (const Row& row : table) {
-        const TBF::Ref<TBF::WordOperator> op = TBF::adopt(
-            TBFWordOperatorCreateASCII(row.word, row.notation, row.expression, row.precedence, row.options));
+        const TBF::Ref<TBF::WordOperator> op = TBF::WordOperator::create(
+            TBF::String::createWithUTF8(row.word), row.notation, TBF::String::createWithUTF8(row.expression),
+            row.precedence, row.options);
         op->setPreConditions({row.conditions.pre, row.conditions.preMatchAny});
         op->setPostConditions({row.conditions.post, row.conditions.postMatchAny});
         op->setArgumentConditions(row.argumentConditions);

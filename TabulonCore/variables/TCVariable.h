@@ -6,7 +6,7 @@
 // document's thread.
 
 #include "environment/TCSimpleLocale.h"
-#include "face/names/variables/TBFVariable.h"
+#include "names/variables/Variable.h"
 #include "expressions/TCRange.h"
 #include "propertylist/PropertyList.h"
 #include "runtime/Ref.h"
@@ -140,7 +140,7 @@ public:
     void setVariableList(TCVariableList* list) { owningList = list; }
 
     // Borrowed; never null.
-    TBFVariableRef tbfVariable() const { return foundationVariable.get(); }
+    TBF::Variable* tbfVariable() const { return foundationVariable.get(); }
 
 protected:
     // The value, percent sign and unit of an answer, or no value for null.

@@ -238,8 +238,8 @@ EvaluatedNode ExpressionNodeEvaluator::evaluateWordOperator(const ExpressionNode
     EvaluatedNode right = children.size() > 1 ? take(*children[1]) : EvaluatedNode();
 
     EvaluatedNode result;
-    result.value =
-        node.wordOperator()->compiled()->execute(*this, context, left.value.get(), right.value.get());
+    result.value = CompiledWordOperator::of(*node.wordOperator())
+                       .execute(*this, context, left.value.get(), right.value.get());
     result.metadata = mergedMetadata(std::move(left.metadata), right.metadata, TBFOperatorTypeNone);
     return result;
 }

@@ -9,7 +9,7 @@
 #include "eval/operations/OperandCoercion.h"
 #include "numbers/MAPMContext.h"
 #include "parser/ExpressionNode.h"
-#include "parser/TBFOperatorType.h"
+#include "numbers/TBFOperatorType.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 

@@ -1,7 +1,6 @@
 #pragma once
 
-// Starts the foundation: the kernel, the settings and the tables of every subject, each once and in the order
-// in which they rely on each other. Called by the core before anything is evaluated, on one thread.
+// The plain function that starts the foundation (eval/Foundation.h).
 
 #include "face/runtime/TBFSettings.h"
 

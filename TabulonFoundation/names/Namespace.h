@@ -5,7 +5,6 @@
 // order; then a variable or a function in another case, but not if there are both; then a word operator; then
 // a unit in another case. Built for one analysis on one thread; its lists are shared and only read.
 
-#include "face/names/TBFNamespace.h"
 #include "names/WordMeaning.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
@@ -15,7 +14,20 @@
 #include <span>
 #include <string_view>
 
+enum TBFNamespaceType : int32_t {
+    TBFNamespaceTypeNone = 0,
+    TBFNamespaceTypeFunction = 1,
+    TBFNamespaceTypeVariable = 2,
+    TBFNamespaceTypeUnit = 3,
+    TBFNamespaceTypeWordOperator = 4,
+};
+
 namespace TBF {
+
+class FunctionList;
+class UnitCollection;
+class VariableList;
+class WordOperatorList;
 
 class Namespace final : public Object<Namespace> {
 public:

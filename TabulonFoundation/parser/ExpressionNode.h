@@ -8,7 +8,7 @@
 
 #include "parser/ExpressionNodeList.h"
 #include "parser/TBFExpressionNodeType.h"
-#include "parser/TBFOperatorType.h"
+#include "numbers/TBFOperatorType.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 

@@ -3,7 +3,7 @@
 // What is known of operators between certain types: when the operands hold these types, one of the operands
 // is of that type. The disambiguator asks it. Immutable, shared between threads.
 
-#include "parser/TBFOperatorType.h"
+#include "numbers/TBFOperatorType.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 #include "units/TBFUnitTypeBitmap.h"

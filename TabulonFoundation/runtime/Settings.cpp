@@ -1,6 +1,5 @@
 #include "runtime/Settings.h"
 
-#include "numbers/WorkBudget.h"
 #include "runtime/TBFLog.h"
 
 #include <cstdio>

@@ -1,9 +1,9 @@
 #pragma once
 
-// The settings behind the plain functions of eval/TBFSettings.h: names with switches. Filled by the core
-// before the foundation starts, then only read, on any thread.
+// The foundation's settings: switches that are chosen before anything is evaluated and hold for the life of
+// the process. Each name is its own text. Filled by the core before the foundation starts, then only read, on
+// any thread.
 
-#include "face/runtime/TBFSettings.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 
@@ -12,7 +12,25 @@
 #include <string>
 #include <string_view>
 
+// Whether variables are read as they stand at the line that asks. Off unless set.
+inline constexpr const char* TBFSettingAllowsVariableRedefinitions = "TBFSettingAllowsVariableRedefinitions";
+// Which of two ways the contextual analyzer finds unary operators in. On unless set.
+inline constexpr const char* TBFSettingUsesNewEvaluatorImpl = "TBFSettingUsesNewEvaluatorImpl";
+// Whether voltage, resistance and the like are taken down to mechanical units. Off unless set.
+inline constexpr const char* TBFSettingEnableExperimentalUnits = "TBFSettingEnableExperimentalUnits";
+
+// Whether lines are read beyond the plain rules, where those would give a misleading answer or none: one
+// switch for all readings (docs/readings.md). On unless set.
+inline constexpr const char* TBFSettingReadings = "TBFSettingReadings";
+// Numbers: the steps of work that the evaluation of one line may take (numbers/WorkBudget.h), INT64_MAX for
+// no bound. The standard budget unless set.
+inline constexpr const char* TBFSettingLineBudget = "TBFSettingLineBudget";
+
 namespace TBF {
+
+// Steps of the kernel, which takes about a nanosecond for one today: a second's work. The same line takes the
+// same number of them everywhere.
+inline constexpr int64_t standardLineBudget = 1'000'000'000;
 
 class Settings final : public Object<Settings> {
 public:

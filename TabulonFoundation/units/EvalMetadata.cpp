@@ -1,6 +1,6 @@
 #include "units/EvalMetadata.h"
 
-#include "parser/TBFOperatorType.h"
+#include "numbers/TBFOperatorType.h"
 #include "units/TBFUnitTypes.h"
 #include "units/Unit.h"
 #include "units/UnitFraction.h"

@@ -3,7 +3,6 @@
 // A value and the metadata which its evaluation gathered, for functions whose result depends on the metadata
 // of their arguments. Immutable; may be shared between threads as far as the metadata may.
 
-#include "face/units/TBFEvaluatedValue.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 

@@ -1,6 +1,6 @@
 #include "units/UnitTypeFactorings.h"
 
-#include "face/runtime/TBFSettings.h"
+#include "runtime/Settings.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -187,7 +187,7 @@ void UnitTypeFactorings::initialize() {
 }
 
 const Ref<UnitTypeFactorings>& UnitTypeFactorings::instance() {
-    return TBFSettingsGetBool(TBFSettingEnableExperimentalUnits) ? experimentalInstance()
+    return Settings::current().boolValue(TBFSettingEnableExperimentalUnits) ? experimentalInstance()
                                                                  : standardInstance();
 }
 

@@ -3,7 +3,6 @@
 // What an expression has as its value: a number, and the unit fraction it is counted in, if any. Also a
 // percentage can have a unit. Immutable, may be shared between threads.
 
-#include "face/units/TBFValue.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 

@@ -6,7 +6,7 @@
 
 #include "results/TBFEvaluationError.h"
 #include "eval/operations/OperandCoercion.h"
-#include "parser/TBFOperatorType.h"
+#include "numbers/TBFOperatorType.h"
 #include "runtime/Ref.h"
 
 namespace TBF {

@@ -6,7 +6,7 @@
 
 #include "results/TBFEvaluationError.h"
 #include "numbers/Number.h"
-#include "parser/TBFOperatorType.h"
+#include "numbers/TBFOperatorType.h"
 #include "runtime/Ref.h"
 #include "units/UnitFraction.h"
 

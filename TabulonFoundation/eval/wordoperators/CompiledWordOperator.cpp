@@ -1,6 +1,7 @@
 #include "eval/wordoperators/CompiledWordOperator.h"
 
 #include "analysis/ExpressionToken.h"
+#include "eval/wordoperators/WordOperatorCompiler.h"
 #include "results/EvaluationContext.h"
 #include "eval/ExpressionNodeEvaluator.h"
 #include "units/Value.h"
@@ -11,6 +12,11 @@ namespace TBF {
 
 Ref<CompiledWordOperator> CompiledWordOperator::create(Ref<ExpressionNode> root, ExpressionTokenList tokens) {
     return make<CompiledWordOperator>(std::move(root), std::move(tokens));
+}
+
+CompiledWordOperator& CompiledWordOperator::of(const WordOperator& op) {
+    if (!op.compiledForm()) op.keepCompiledForm(WordOperatorCompiler::shared().compile(op.expression()));
+    return static_cast<CompiledWordOperator&>(*op.compiledForm()); // nobody else keeps one
 }
 
 CompiledWordOperator::CompiledWordOperator(Ref<ExpressionNode> root, ExpressionTokenList tokens)

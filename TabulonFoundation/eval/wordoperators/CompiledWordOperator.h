@@ -7,6 +7,7 @@
 #include "analysis/ExpressionTokenList.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
+#include "names/wordoperators/WordOperator.h"
 
 namespace TBF {
 
@@ -16,8 +17,11 @@ class ExpressionNodeEvaluator;
 class ExpressionTree;
 class Value;
 
-class CompiledWordOperator final : public Object<CompiledWordOperator> {
+class CompiledWordOperator final : public WordOperatorForm {
 public:
+    // The operator's template, compiled at the first call. Borrowed from the operator.
+    static CompiledWordOperator& of(const WordOperator& op);
+
     // `root` may be null: the operator then evaluates to nothing. `tokens` are those that the nodes below it
     // came from.
     static Ref<CompiledWordOperator> create(Ref<ExpressionNode> root, ExpressionTokenList tokens = {});
@@ -30,7 +34,7 @@ public:
                        Value* second) const;
 
 private:
-    friend class Object<CompiledWordOperator>;
+    friend class Object<WordOperatorForm>;
 
     CompiledWordOperator(Ref<ExpressionNode> root, ExpressionTokenList tokens);
     ~CompiledWordOperator() override;

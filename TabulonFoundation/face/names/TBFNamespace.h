@@ -3,13 +3,14 @@
 // The plain functions over namespaces, which say what a word is. All accept null handles; a null namespace
 // knows no words. A namespace belongs to the thread of its analysis.
 
+#include "names/Namespace.h"
+
 #include <cstdint>
 
 namespace TBF {
 class AmbiguousUnit;
 class Function;
 class FunctionList;
-class Namespace;
 class ScopedVariable;
 class String;
 class UnitCollection;
@@ -20,14 +21,6 @@ class WordOperator;
 class WordOperatorList;
 } // namespace TBF
 using TBFNamespaceRef = TBF::Namespace*;
-
-enum TBFNamespaceType : int32_t {
-    TBFNamespaceTypeNone = 0,
-    TBFNamespaceTypeFunction = 1,
-    TBFNamespaceTypeVariable = 2,
-    TBFNamespaceTypeUnit = 3,
-    TBFNamespaceTypeWordOperator = 4,
-};
 
 // All that was found for some words, not only what the type names. The caller owns one reference to
 // everything that isn't null.

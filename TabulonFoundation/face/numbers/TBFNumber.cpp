@@ -69,9 +69,5 @@ TBFNumberRef TBFNumber_CONST_NEGATIVE_INFINITY() {
 }
 
 void TBFNumber_ConstantsInit() {
-    Number::zero();
-    Number::one();
-    Number::notANumber();
-    Number::infinity();
-    Number::negativeInfinity();
+    Number::makeConstants();
 }

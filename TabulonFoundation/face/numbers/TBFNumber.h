@@ -1,31 +1,15 @@
 #pragma once
 
-// The plain functions over number handles, with the kinds of numbers. Numbers are immutable and may be
+// The plain functions over number handles. Numbers are immutable and may be
 // shared between threads. A null handle is accepted everywhere.
+
+#include "numbers/Number.h"
 
 #include "m_apm.h"
 
 #include <cstdint>
 
-namespace TBF {
-class Number;
-}
 using TBFNumberRef = TBF::Number*;
-
-// The gaps are kinds which the engine doesn't have.
-enum TBFNumberType : int32_t {
-    TBFNumberTypeNone = 0, // no number
-    TBFNumberTypeDecimal = 1,
-    TBFNumberTypePercent = 2, // stored as written: 5% holds 5
-    TBFNumberTypeSpecial = 5, // no digits, but a TBFNumberSpecialType
-};
-
-enum TBFNumberSpecialType : int32_t {
-    TBFNumberSpecialTypeNone = 0,
-    TBFNumberSpecialTypeInfinity = 1,
-    TBFNumberSpecialTypeNegativeInfinity = 2,
-    TBFNumberSpecialTypeNaN = 3,
-};
 
 // Create. The caller owns the result.
 TBFNumberRef TBFNumberCreateWithMAPM(M_APM_const value, TBFNumberType type); // copies the digits

@@ -5,7 +5,7 @@
 // A tree of nodes is used by one thread at a time.
 
 #include "parser/TBFExpressionNodeType.h"
-#include "parser/TBFOperatorType.h"
+#include "numbers/TBFOperatorType.h"
 #include "runtime/Ref.h"
 
 #include <cstdint>

@@ -1,29 +1,13 @@
 #pragma once
 
-// The foundation's settings: switches that are chosen before anything is evaluated and hold for the life of
-// the process. Each name is its own text. Settings are set up on one thread; once they are current they are
-// only read, from any thread.
+// The plain functions over settings, whose names stand with the class. Settings are set up on one thread; once
+// they are current they are only read, from any thread.
+
+#include "runtime/Settings.h"
 
 #include <cstdint>
 
-namespace TBF {
-class Settings;
-}
 using TBFSettingsRef = TBF::Settings*;
-
-// Whether variables are read as they stand at the line that asks. Off unless set.
-inline constexpr const char* TBFSettingAllowsVariableRedefinitions = "TBFSettingAllowsVariableRedefinitions";
-// Which of two ways the contextual analyzer finds unary operators in. On unless set.
-inline constexpr const char* TBFSettingUsesNewEvaluatorImpl = "TBFSettingUsesNewEvaluatorImpl";
-// Whether voltage, resistance and the like are taken down to mechanical units. Off unless set.
-inline constexpr const char* TBFSettingEnableExperimentalUnits = "TBFSettingEnableExperimentalUnits";
-
-// Whether lines are read beyond the plain rules, where those would give a misleading answer or none: one
-// switch for all readings (docs/readings.md). On unless set.
-inline constexpr const char* TBFSettingReadings = "TBFSettingReadings";
-// Numbers: the steps of work that the evaluation of one line may take (numbers/WorkBudget.h), INT64_MAX for
-// no bound. About a second's work unless set.
-inline constexpr const char* TBFSettingLineBudget = "TBFSettingLineBudget";
 
 // New settings with the defaults, owned by the caller.
 TBFSettingsRef TBFSettingsCreate();

@@ -128,7 +128,5 @@ char* TBFCharGetUTF8(TBFChar character) {
 }
 
 TBFChar TBFCharFromUTF8(const char* bytes) {
-    if (!bytes) return TBFCharNULL;
-    const std::u16string text = TBF::utf16(bytes);
-    return text.size() == 1 ? text.front() : TBFCharNULL;
+    return bytes ? TBF::codeUnitOf(bytes) : TBFCharNULL;
 }

@@ -42,18 +42,3 @@ TBF::String* TBFUnitStringFormatterCreateFormattedString(const TBF::UnitStringFo
     return TBF::String::createWithUTF8(container->nameForType(nameType)).leak();
 }
 
-TBFUnitNameType nameTypeForFormatTypeAndForm(TBFUnitFormatType formatType, TBFUnitStringForm form) {
-    switch (formatType) {
-    case TBFUnitFormatTypeLongName:
-        return form == TBFUnitStringFormSingular ? TBFUnitNameTypeSingular : TBFUnitNameTypePlural;
-    case TBFUnitFormatTypeVeryShortName:
-        return TBFUnitNameTypeVeryShort;
-    case TBFUnitFormatTypeSymbol:
-        return TBFUnitNameTypeSymbol;
-    case TBFUnitFormatTypeIdentifier:
-        return TBFUnitNameTypeIdentifier;
-    default:
-        TBFErrorLog("Unexpected type %d", static_cast<int>(formatType));
-        return TBFUnitNameTypeNone;
-    }
-}

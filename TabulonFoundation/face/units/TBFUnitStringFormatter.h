@@ -4,8 +4,7 @@
 // a time. A null handle is accepted everywhere.
 
 #include "units/TBFUnitTypes.h"
-
-#include <cstdint>
+#include "units/UnitStringFormatter.h"
 
 namespace TBF {
 class String;
@@ -13,13 +12,6 @@ class UnitContainer;
 class UnitStringFormatter;
 } // namespace TBF
 using TBFUnitStringFormatterRef = TBF::UnitStringFormatter*;
-
-// What stands between numerator and denominator.
-enum TBFUnitStringConnectiveType : int32_t {
-    TBFUnitStringConnectiveTypeSlash = 0,
-    TBFUnitStringConnectiveTypePer = 1,
-    TBFUnitStringConnectiveTypeAutomatic = 2, // "per ", but "/" if a numerator unit is written short
-};
 
 // Create. The caller owns the result. The connective is automatic where none is given.
 TBFUnitStringFormatterRef TBFUnitStringFormatterCreate();
@@ -39,5 +31,3 @@ TBF::String* TBFUnitStringFormatterCreateFormattedString(const TBF::UnitStringFo
                                                          TBFUnitFormatType formatType,
                                                          TBFUnitStringForm form);
 
-// The kind of name that a format and form ask for. An unknown format is logged and gives 0.
-TBFUnitNameType nameTypeForFormatTypeAndForm(TBFUnitFormatType formatType, TBFUnitStringForm form);

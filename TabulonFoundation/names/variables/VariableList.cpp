@@ -2,12 +2,16 @@
 
 #include "names/variables/ScopedVariable.h"
 #include "names/variables/StandardVariables.h"
+#include "runtime/TBFLog.h"
 #include "units/UnitContainer.h"
 
 #include <algorithm>
 
 namespace TBF {
 namespace {
+
+// The standard list, null before the start-up has run.
+VariableList* s_builtInVariables = nullptr;
 
 // Puts `variable` under the key, with a reference for the dictionary, and gives what stood there.
 Ref<Variable> put(CaseInsensitiveDictionary& dictionary, String& key, Variable& variable) {
@@ -154,6 +158,15 @@ void VariableList::removeAlias(Variable& variable, String& alias) {
 VariableList& VariableList::standard() {
     static VariableList* const list = makeStandardVariables().leak(); // lives as long as the process
     return *list;
+}
+
+void VariableList::startStandard() {
+    s_builtInVariables = &standard();
+}
+
+VariableList& VariableList::startedStandard() {
+    VerifyTrue(s_builtInVariables, "");
+    return *s_builtInVariables;
 }
 
 } // namespace TBF

@@ -44,6 +44,10 @@ public:
     // The variables that every environment has: "pi".
     static VariableList& standard();
 
+    // The same list for who may ask only after the start-up: asking before it ends the process.
+    static void startStandard();
+    static VariableList& startedStandard();
+
 private:
     friend class Object<VariableList>;
     friend class Variable; // moves its entry on a change of name, and the alias entries

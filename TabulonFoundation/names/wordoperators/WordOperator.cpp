@@ -1,8 +1,5 @@
 #include "names/wordoperators/WordOperator.h"
 
-#include "eval/wordoperators/CompiledWordOperator.h"
-#include "eval/wordoperators/WordOperatorCompiler.h"
-
 namespace TBF {
 
 Ref<WordOperator> WordOperator::create(Ref<String> word, int32_t argumentType, Ref<String> expression,
@@ -33,11 +30,6 @@ bool WordOperator::postConditionsMatch(uint32_t conditions) const {
 void WordOperator::setRepresentedTokenTypes(int32_t type, int32_t subType) {
     shownType = type;
     shownSubType = subType;
-}
-
-CompiledWordOperator* WordOperator::compiled() const {
-    if (!compiledForm) compiledForm = WordOperatorCompiler::shared().compile(*templateText);
-    return compiledForm.get();
 }
 
 } // namespace TBF

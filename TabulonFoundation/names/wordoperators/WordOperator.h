@@ -2,18 +2,21 @@
 
 // An operator that is spelled as a word and defined by a template expression, in which "${1}" and "${2}"
 // are its operands: the analyzer asks it where it may stand, the parser for notation and precedence, and
-// the evaluator runs its compiled template. It is set up on one thread and only read afterwards, but for
-// the compiled form, which the first evaluation makes.
+// the evaluator runs its template. It is set up on one thread and only read afterwards, but for the compiled
+// form, which the first evaluation makes and keeps here.
 
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 #include "runtime/String.h"
 
 #include <cstdint>
+#include <utility>
 
 namespace TBF {
 
-class CompiledWordOperator;
+// What evaluation makes of a template. Only evaluation knows more of it (eval/wordoperators/), so that words
+// can be looked up without parser and evaluator.
+class WordOperatorForm : public Object<WordOperatorForm> {};
 
 class WordOperator final : public Object<WordOperator> {
 public:
@@ -51,8 +54,9 @@ public:
     int32_t representedTokenType() const { return shownType; }
     int32_t representedTokenSubType() const { return shownSubType; }
 
-    // The template as a tree, compiled on the first call. Borrowed from the operator.
-    CompiledWordOperator* compiled() const;
+    // The compiled template: null until evaluation has made and kept it. Borrowed from the operator.
+    WordOperatorForm* compiledForm() const { return keptForm.get(); }
+    void keepCompiledForm(Ref<WordOperatorForm> form) const { keptForm = std::move(form); }
 
 private:
     friend class Object<WordOperator>;
@@ -71,7 +75,7 @@ private:
     int32_t shownSubType = 0;
     Conditions before;
     Conditions after;
-    mutable Ref<CompiledWordOperator> compiledForm; // null until the first evaluation
+    mutable Ref<WordOperatorForm> keptForm;
 };
 
 } // namespace TBF

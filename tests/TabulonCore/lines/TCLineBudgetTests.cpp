@@ -4,6 +4,7 @@
 #include "environment/TCEvaluator.h"
 #include "expressions/TCExpression.h"
 #include "numbers/WorkBudget.h"
+#include "runtime/Settings.h"
 #include "results/TCResult.h"
 
 #include <gmock/gmock.h>

@@ -5,7 +5,7 @@
 #include "names/variables/ScopedVariable.h"
 #include "parser/ExpressionNodeTreePrinter.h"
 #include "parser/ParserImpl.h"
-#include "parser/TBFOperatorType.h"
+#include "numbers/TBFOperatorType.h"
 #include "units/AmbiguousUnit.h"
 #include "units/Unit.h"
 #include "units/UnitContainer.h"

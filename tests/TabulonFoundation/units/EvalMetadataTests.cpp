@@ -1,7 +1,7 @@
 #include "units/EvalMetadata.h"
 
 #include "eval/EvaluationTestSupport.h"
-#include "parser/TBFOperatorType.h"
+#include "numbers/TBFOperatorType.h"
 #include "units/Unit.h"
 #include "units/UnitFraction.h"
 

@@ -2,15 +2,11 @@
 
 #include "names/variables/ScopedVariable.h"
 #include "names/variables/VariableList.h"
-#include "runtime/TBFLog.h"
 
 using TBF::Variable;
 using TBF::VariableList;
 
 namespace {
-
-// The list of the process, null before the start-up has run.
-VariableList* s_builtInVariables = nullptr;
 
 TBFVariableRef report(const VariableList::Match& match, bool* exactCase, bool* fromParent) {
     if (exactCase) *exactCase = match.exactCase;
@@ -21,12 +17,11 @@ TBFVariableRef report(const VariableList::Match& match, bool* exactCase, bool* f
 } // namespace
 
 void TBFStandardVariablesInit() {
-    s_builtInVariables = &VariableList::standard();
+    VariableList::startStandard();
 }
 
 TBFVariableListRef TBFStandardVariablesGetSharedListReference() {
-    VerifyTrue(s_builtInVariables, "");
-    return s_builtInVariables;
+    return &VariableList::startedStandard();
 }
 
 TBFVariableListRef TBFVariableListGetStandardList() {

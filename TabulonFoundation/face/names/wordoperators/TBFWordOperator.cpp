@@ -88,5 +88,5 @@ bool TBFWordOperatorPostConditionsMatch(const WordOperator* op, uint32_t conditi
 }
 
 TBF::CompiledWordOperator* TBFWordOperatorGetCompiled(TBFWordOperatorRef op) {
-    return op ? op->compiled() : nullptr;
+    return op ? &TBF::CompiledWordOperator::of(*op) : nullptr;
 }

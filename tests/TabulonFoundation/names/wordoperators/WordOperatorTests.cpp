@@ -31,7 +31,7 @@ std::string run(const char* expression, const char* left, const char* right) {
     const Ref<EvaluationContext> context = EvaluationContext::create(TBFTrigonometryModeRadians);
     const Ref<Value> first = number(left);
     const Ref<Value> second = right ? number(right) : nullptr;
-    const Ref<Value> value = op->compiled()->execute(*evaluator, *context, first.get(), second.get());
+    const Ref<Value> value = CompiledWordOperator::of(*op).execute(*evaluator, *context, first.get(), second.get());
     if (context->error()) return "error " + std::to_string(context->error());
     if (!value) return "null";
     return TBF_mapm_to_fitted_string(value->number()->mapmRef(), 100) +

@@ -1,7 +1,7 @@
 #include "environment/TCSettings.h"
 
-#include "runtime/Settings.h"
 #include "eval/Foundation.h"
+#include "runtime/Settings.h"
 #include "runtime/TBFLog.h"
 
 namespace {

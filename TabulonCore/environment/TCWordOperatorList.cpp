@@ -1,8 +1,8 @@
 #include "environment/TCWordOperatorList.h"
 
-#include "names/wordoperators/WordOperatorList.h"
 #include "environment/TCEnvironment.h"
 #include "environment/TCWordOperator.h"
+#include "names/wordoperators/WordOperatorList.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "lines/TCLineCollectionVariable.h"
 
-#include "names/variables/Variable.h"
 #include "lines/TCLine.h"
+#include "names/variables/Variable.h"
 #include "results/TCResult.h"
 #include "runtime/String.h"
 #include "units/UnitContainer.h"

@@ -273,7 +273,8 @@ std::optional<std::u16string> TCResult::unitString() const {
     TCUnitStringFormatter formatter;
     for (const auto& [unitType, format] : forms.nameFormats)
         formatter.setUnitNameFormat(format, unitType);
-    return formatter.stringForUnit(forms.filtered.get(), isUnity() ? TCUnitNameFormSingular : TCUnitNameFormPlural);
+    return formatter.stringForUnit(forms.filtered.get(),
+                                   isUnity() ? TCUnitNameFormSingular : TCUnitNameFormPlural);
 }
 
 TCUnitNameFormat TCResult::unitNameFormatForComponentUnitType(TCUnitType unitType) const {

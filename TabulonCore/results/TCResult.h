@@ -139,7 +139,7 @@ private:
 
     // A document keeps an answer for each of its lines, so the text, the digits and the unit stand once, in
     // the foundation's form.
-    TBF::Ref<TBF::Result> foundationResult; // null without a text
+    TBF::Ref<TBF::Result> foundationResult;   // null without a text
     mutable std::unique_ptr<UnitForms> units; // null while nobody has asked, or without a unit
     std::shared_ptr<const TCResultFormattingOptions> formattingOptions;
     TCResultType type = TCResultTypeNotSet;

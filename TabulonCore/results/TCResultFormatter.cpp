@@ -142,12 +142,13 @@ void TCResultFormatter::configure(const TCResultFormattingOptions& options) {
     formatter.setScientificNotation(mode == 1 || mode == 2);
     if (mode == 2)
         formatter.setScientificNotationThresholds(within16Bits(options.scientificNotationSmallThreshold()),
-            within16Bits(options.scientificNotationBigThreshold()));
+                                                  within16Bits(options.scientificNotationBigThreshold()));
     else if (mode == 1)
         formatter.setScientificNotationThresholds(0, 0);
 
     const bool inStepsOfThree = options.scientificNotationStyle() == 0;
-    formatter.setSnGranularity(inStepsOfThree ? int16_t{3} : within16Bits(options.scientificNotationExponentGranularity()));
+    formatter.setSnGranularity(
+        inStepsOfThree ? int16_t{3} : within16Bits(options.scientificNotationExponentGranularity()));
 }
 
 std::optional<std::u16string>
@@ -242,8 +243,8 @@ std::optional<std::u16string> degreesMinutesSecondsFormattedResult(const TCResul
     TBF::Result* const value = result ? result->tbfResult() : nullptr;
     if (!value) return std::nullopt;
     const auto parts =
-        TBF::degreesMinutesSeconds(*value, static_cast<int32_t>(options.decimalPlaces()), options.trailingZeros(),
-                                   options.thousandsSeparator() ? digitsInGroup : 0);
+        TBF::degreesMinutesSeconds(*value, static_cast<int32_t>(options.decimalPlaces()),
+                                   options.trailingZeros(), options.thousandsSeparator() ? digitsInGroup : 0);
     if (!parts) return std::nullopt;
     return TBF::utf16(parts->degrees) + options.degreesCharacter() + u' ' + TBF::utf16(parts->minutes) +
            options.minutesCharacter() + u' ' + TBF::utf16(parts->seconds) + options.secondsCharacter();

@@ -6,8 +6,8 @@
 // document's thread.
 
 #include "environment/TCSimpleLocale.h"
-#include "names/variables/Variable.h"
 #include "expressions/TCRange.h"
+#include "names/variables/Variable.h"
 #include "propertylist/PropertyList.h"
 #include "runtime/Ref.h"
 #include "variables/TCVariableState.h"

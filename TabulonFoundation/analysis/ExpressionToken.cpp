@@ -1,8 +1,8 @@
 #include "analysis/ExpressionToken.h"
 
-#include "names/wordoperators/WordOperator.h"
 #include "names/functions/Function.h"
 #include "names/variables/ScopedVariable.h"
+#include "names/wordoperators/WordOperator.h"
 #include "numbers/BaseConverter.h"
 #include "runtime/PolyString.h"
 #include "runtime/Unicode.h"

@@ -1,11 +1,11 @@
 #include "analysis/PlainCalculation.h"
 
 #include "analysis/ExpressionToken.h"
-#include "names/Namespace.h"
 #include "analysis/SpecialWords.h"
-#include "names/wordoperators/WordOperator.h"
+#include "names/Namespace.h"
 #include "names/functions/Function.h"
 #include "names/variables/ScopedVariable.h"
+#include "names/wordoperators/WordOperator.h"
 #include "units/AmbiguousUnit.h"
 #include "units/UnitContainer.h"
 #include "units/UnitFraction.h"

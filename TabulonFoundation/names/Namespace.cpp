@@ -1,9 +1,9 @@
 #include "names/Namespace.h"
 
-#include "names/wordoperators/WordOperatorList.h"
 #include "names/functions/FunctionList.h"
 #include "names/variables/ScopedVariable.h"
 #include "names/variables/VariableList.h"
+#include "names/wordoperators/WordOperatorList.h"
 #include "runtime/Unicode.h"
 #include "units/AmbiguousUnit.h"
 #include "units/UnitCollection.h"

@@ -1,8 +1,8 @@
 #include "names/WordMeaning.h"
 
-#include "names/wordoperators/WordOperator.h"
 #include "names/functions/Function.h"
 #include "names/variables/ScopedVariable.h"
+#include "names/wordoperators/WordOperator.h"
 #include "units/AmbiguousUnit.h"
 #include "units/UnitContainer.h"
 #include "units/UnitFraction.h"

@@ -1,15 +1,15 @@
 #include "parser/ExpressionNode.h"
 
-#include "names/wordoperators/WordOperator.h"
-#include "units/EvalMetadata.h"
 #include "names/functions/Function.h"
 #include "names/variables/ScopedVariable.h"
+#include "names/wordoperators/WordOperator.h"
 #include "numbers/Number.h"
-#include "units/Value.h"
 #include "runtime/TBFLog.h"
 #include "units/AmbiguousUnit.h"
+#include "units/EvalMetadata.h"
 #include "units/TBFUnitTypes.h"
 #include "units/UnitContainer.h"
+#include "units/Value.h"
 
 #include <utility>
 

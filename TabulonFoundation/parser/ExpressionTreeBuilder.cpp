@@ -1,9 +1,9 @@
 #include "parser/ExpressionTreeBuilder.h"
 
 #include "analysis/ExpressionToken.h"
-#include "names/wordoperators/WordOperator.h"
 #include "names/functions/Function.h"
 #include "names/variables/ScopedVariable.h"
+#include "names/wordoperators/WordOperator.h"
 #include "numbers/KernelLock.h"
 #include "numbers/Number.h"
 #include "runtime/PolyString.h"

@@ -3,9 +3,9 @@
 #include "analysis/ExpressionToken.h"
 #include "parser/ExpressionNode.h"
 #include "parser/ExpressionTree.h"
+#include "parser/UnitDisambiguationMap.h"
 #include "units/AmbiguousUnit.h"
 #include "units/TBFUnitTypeBitmap.h"
-#include "parser/UnitDisambiguationMap.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -5,9 +5,9 @@
 // context holds the operands. Functions get it as an argument; it belongs to the evaluating thread.
 
 #include "results/TBFEvaluationError.h"
-#include "units/Value.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
+#include "units/Value.h"
 
 #include <array>
 #include <cstddef>

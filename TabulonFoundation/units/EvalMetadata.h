@@ -5,9 +5,9 @@
 // conversion. Written by the node evaluator and by functions that hand out metadata of their own; used by
 // one thread at a time. The units are borrowed from the unit collection, which outlives an evaluation.
 
-#include "units/UnitNameFormats.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
+#include "units/UnitNameFormats.h"
 
 #include <array>
 #include <cstddef>

@@ -188,7 +188,7 @@ void UnitTypeFactorings::initialize() {
 
 const Ref<UnitTypeFactorings>& UnitTypeFactorings::instance() {
     return Settings::current().boolValue(TBFSettingEnableExperimentalUnits) ? experimentalInstance()
-                                                                 : standardInstance();
+                                                                            : standardInstance();
 }
 
 const Ref<UnitTypeFactorings>& UnitTypeFactorings::standardInstance() {

@@ -2,9 +2,9 @@
 
 #include "analysis/Expression.h"
 #include "names/Namespace.h"
-#include "names/wordoperators/WordOperator.h"
 #include "names/functions/Function.h"
 #include "names/variables/ScopedVariable.h"
+#include "names/wordoperators/WordOperator.h"
 #include "units/AmbiguousUnit.h"
 #include "units/UnitContainer.h"
 #include "units/UnitFraction.h"

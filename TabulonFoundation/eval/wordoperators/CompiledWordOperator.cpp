@@ -1,12 +1,12 @@
 #include "eval/wordoperators/CompiledWordOperator.h"
 
 #include "analysis/ExpressionToken.h"
-#include "eval/wordoperators/WordOperatorCompiler.h"
-#include "results/EvaluationContext.h"
 #include "eval/ExpressionNodeEvaluator.h"
-#include "units/Value.h"
+#include "eval/wordoperators/WordOperatorCompiler.h"
 #include "parser/ExpressionNode.h"
 #include "parser/ExpressionTree.h"
+#include "results/EvaluationContext.h"
+#include "units/Value.h"
 
 namespace TBF {
 

@@ -5,9 +5,9 @@
 // at a time.
 
 #include "analysis/ExpressionTokenList.h"
+#include "names/wordoperators/WordOperator.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
-#include "names/wordoperators/WordOperator.h"
 
 namespace TBF {
 

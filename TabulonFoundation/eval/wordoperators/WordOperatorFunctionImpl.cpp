@@ -1,9 +1,9 @@
 #include "eval/wordoperators/WordOperatorFunctionImpl.h"
 
-#include "units/EvalMetadata.h"
 #include "results/EvaluationContext.h"
-#include "units/Value.h"
 #include "runtime/TBFLog.h"
+#include "units/EvalMetadata.h"
+#include "units/Value.h"
 
 namespace TBF {
 

@@ -2,8 +2,8 @@
 
 // The plain functions over basic tokens. A null token is harmless everywhere and answers 0 or null.
 
-#include "face/analysis/TBFExpression.h"
 #include "analysis/TBFTokenTypes.h"
+#include "face/analysis/TBFExpression.h"
 #include "face/runtime/TBFString.h"
 #include "runtime/TBFTypes.h"
 

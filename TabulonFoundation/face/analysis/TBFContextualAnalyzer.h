@@ -4,8 +4,8 @@
 // places. All accept null handles. An analyzer serves one thread at a time.
 
 #include "face/analysis/TBFExpressionToken.h"
-#include "face/names/TBFNamespace.h"
 #include "face/analysis/TBFTokenizedExpression.h"
+#include "face/names/TBFNamespace.h"
 
 #include <cstdint>
 #include <vector>

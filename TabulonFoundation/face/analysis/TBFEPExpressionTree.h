@@ -4,10 +4,10 @@
 // or nothing, setters do nothing. What a Get lends belongs to the node; setters retain what they are given.
 // A tree belongs to the thread of its analysis.
 
-#include "face/analysis/TBFBasicToken.h"
-#include "face/analysis/TBFExpressionToken.h"
 #include "analysis/TBFOperatorOptions.h"
 #include "analysis/TBFTokenTypes.h"
+#include "face/analysis/TBFBasicToken.h"
+#include "face/analysis/TBFExpressionToken.h"
 #include "runtime/ObjectPool.h"
 #include "runtime/Ref.h"
 #include "runtime/TBFTypes.h"

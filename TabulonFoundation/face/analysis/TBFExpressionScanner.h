@@ -3,9 +3,9 @@
 // The plain functions over scanners. A null scanner or expression has no tokens.
 
 #include "face/analysis/TBFBasicToken.h"
+#include "face/runtime/TBFArray.h"
 #include "runtime/ObjectPool.h"
 #include "runtime/Ref.h"
-#include "face/runtime/TBFArray.h"
 
 #include <set>
 

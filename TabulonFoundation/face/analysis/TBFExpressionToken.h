@@ -4,10 +4,10 @@
 // null or an empty sequence, setters do nothing. `Get` results are borrowed from the token, setters
 // retain what they are given.
 
-#include "face/analysis/TBFBasicToken.h"
 #include "analysis/TBFTokenTypes.h"
-#include "runtime/Ref.h"
+#include "face/analysis/TBFBasicToken.h"
 #include "face/runtime/TBFString.h"
+#include "runtime/Ref.h"
 #include "runtime/TBFTypes.h"
 
 #include <span>

@@ -1,8 +1,8 @@
 #include "face/eval/TBFExpressionNodeEvaluator.h"
 
 #include "eval/ExpressionNodeEvaluator.h"
-#include "units/Value.h"
 #include "parser/ExpressionTree.h"
+#include "units/Value.h"
 
 using TBF::Value;
 

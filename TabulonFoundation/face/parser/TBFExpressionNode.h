@@ -4,8 +4,8 @@
 // has no such thing. What a Get gives is borrowed from the node; creators give one reference to the caller.
 // A tree of nodes is used by one thread at a time.
 
-#include "parser/TBFExpressionNodeType.h"
 #include "numbers/TBFOperatorType.h"
+#include "parser/TBFExpressionNodeType.h"
 #include "runtime/Ref.h"
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 #include "face/results/TBFEvaluationContext.h"
 
-#include "units/EvalMetadata.h"
 #include "results/EvaluationContext.h"
+#include "units/EvalMetadata.h"
 
 using TBF::EvaluationContext;
 

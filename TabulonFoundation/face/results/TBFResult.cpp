@@ -1,8 +1,8 @@
 #include "face/results/TBFResult.h"
 
+#include "numbers/DecimalText.h"
 #include "results/Result.h"
 #include "results/ResultParts.h"
-#include "numbers/DecimalText.h"
 #include "units/TBFUnitTypes.h"
 #include "units/Unit.h"
 

@@ -1,8 +1,8 @@
 #include "face/results/TBFResultFormatter.h"
 
+#include "numbers/DecimalText.h"
 #include "results/Result.h"
 #include "results/ResultFormatter.h"
-#include "numbers/DecimalText.h"
 
 using TBF::ResultFormatter;
 

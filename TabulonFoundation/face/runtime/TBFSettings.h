@@ -1,7 +1,7 @@
 #pragma once
 
-// The plain functions over settings, whose names stand with the class. Settings are set up on one thread; once
-// they are current they are only read, from any thread.
+// The plain functions over settings, whose names stand with the class. Settings are set up on one thread;
+// once they are current they are only read, from any thread.
 
 #include "runtime/Settings.h"
 

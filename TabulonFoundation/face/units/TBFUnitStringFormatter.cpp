@@ -41,4 +41,3 @@ TBF::String* TBFUnitStringFormatterCreateFormattedString(const TBF::UnitStringFo
     if (!container || !container->hasNameForType(nameType)) return nullptr;
     return TBF::String::createWithUTF8(container->nameForType(nameType)).leak();
 }
-

@@ -30,4 +30,3 @@ TBF::String* TBFUnitStringFormatterCreateFormattedString(const TBF::UnitStringFo
                                                          const TBF::UnitContainer* container,
                                                          TBFUnitFormatType formatType,
                                                          TBFUnitStringForm form);
-

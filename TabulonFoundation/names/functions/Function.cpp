@@ -1,10 +1,10 @@
 #include "names/functions/Function.h"
 
-#include "units/EvalMetadata.h"
 #include "numbers/KernelLock.h"
 #include "numbers/Number.h"
-#include "units/Value.h"
 #include "runtime/TBFLog.h"
+#include "units/EvalMetadata.h"
+#include "units/Value.h"
 
 #include <algorithm>
 

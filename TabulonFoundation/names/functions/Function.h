@@ -9,8 +9,8 @@
 #include "runtime/Ref.h"
 #include "runtime/String.h"
 
-#include "results/TBFEvaluationError.h"
 #include "m_apm.h"
+#include "results/TBFEvaluationError.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,12 +1,12 @@
 #include "names/functions/FunctionImplementation.h"
 
-#include "units/EvalMetadata.h"
-#include "results/EvaluationContext.h"
 #include "numbers/Decimal.h"
-#include "units/EvaluatedValue.h"
 #include "numbers/KernelLock.h"
 #include "numbers/MAPMContext.h"
 #include "numbers/Number.h"
+#include "results/EvaluationContext.h"
+#include "units/EvalMetadata.h"
+#include "units/EvaluatedValue.h"
 #include "units/Value.h"
 
 #include <algorithm>

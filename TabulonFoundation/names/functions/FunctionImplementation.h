@@ -4,8 +4,8 @@
 // what that function takes and gives: digits alone, values, or values with what the evaluation gathered.
 // Implementations hold no state that a call changes, so that one may run on several threads.
 
-#include "names/functions/TBFFunctionImplementationType.h"
 #include "m_apm.h"
+#include "names/functions/TBFFunctionImplementationType.h"
 #include "runtime/Ref.h"
 
 #include <span>

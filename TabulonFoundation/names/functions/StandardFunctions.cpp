@@ -1,8 +1,8 @@
 #include "names/functions/StandardFunctions.h"
 
-#include "units/EvalMetadata.h"
 #include "names/functions/FunctionList.h"
 #include "numbers/Decimal.h"
+#include "units/EvalMetadata.h"
 
 #include <memory>
 #include <variant>

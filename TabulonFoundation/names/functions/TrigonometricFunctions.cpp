@@ -1,10 +1,10 @@
-#include "results/EvaluationContext.h"
 #include "names/functions/StandardFunctions.h"
 #include "numbers/Decimal.h"
 #include "numbers/KernelLock.h"
 #include "numbers/MAPMContext.h"
 #include "numbers/Number.h"
 #include "numbers/TBFMAPMExtensions.h"
+#include "results/EvaluationContext.h"
 #include "units/Value.h"
 
 #include <optional>

@@ -1,7 +1,7 @@
 #include "names/variables/Variable.h"
 
-#include "results/TBFEvaluationError.h"
 #include "names/variables/VariableList.h"
+#include "results/TBFEvaluationError.h"
 #include "units/UnitContainer.h"
 
 #include <algorithm>

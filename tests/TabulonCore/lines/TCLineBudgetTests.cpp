@@ -4,8 +4,8 @@
 #include "environment/TCEvaluator.h"
 #include "expressions/TCExpression.h"
 #include "numbers/WorkBudget.h"
-#include "runtime/Settings.h"
 #include "results/TCResult.h"
+#include "runtime/Settings.h"
 
 #include <gmock/gmock.h>
 

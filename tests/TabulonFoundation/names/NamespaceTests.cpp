@@ -1,10 +1,10 @@
 #include "names/Namespace.h"
 
 #include "analysis/AnalysisVocabulary.h"
-#include "names/wordoperators/WordOperatorList.h"
 #include "names/functions/FunctionList.h"
 #include "names/variables/ScopedVariable.h"
 #include "names/variables/VariableList.h"
+#include "names/wordoperators/WordOperatorList.h"
 #include "runtime/Unicode.h"
 #include "units/AmbiguousUnit.h"
 #include "units/UnitCollection.h"
@@ -99,31 +99,6 @@ TEST(Namespace, everyCandidateComesAlong) {
     TBF::WordMeaning undecided;
     typeOf(*namespaceOf({"AB", "", "AB", "ab"}), u"ab", undecided);
     EXPECT_FALSE(undecided.variable || undecided.function || undecided.wordOperator);
-}
-
-TEST(Namespace, theFaceGivesAReferenceToEverything) {
-    const auto space = namespaceOf({"ab", "ab", "ab", "ab"});
-    const auto word = TBF::String::create(u"ab");
-    const TBF::String* const words[] = {word.get(), word.get()};
-    TBFNamespaceType type = TBFNamespaceTypeNone;
-    bool partial = true;
-    TBFNamespaceResolvedType resolved;
-    EXPECT_TRUE(TBFNamespaceGetTypeForWords(space.get(), words, 1, 7, &type, &partial, &resolved));
-    EXPECT_EQ(type, TBFNamespaceTypeVariable);
-    EXPECT_FALSE(partial);
-    const auto variable = TBF::adopt(resolved.variable);
-    const auto unit = TBF::adopt(resolved.unitContainer);
-    const auto function = TBF::adopt(resolved.function);
-    const auto op = TBF::adopt(resolved.wordOperator);
-    ASSERT_TRUE(variable && unit && function && op);
-    EXPECT_EQ(variable->scope(), 7);
-    EXPECT_TRUE(variable->isUnique());
-
-    // Several words can only be a unit.
-    EXPECT_FALSE(TBFNamespaceGetTypeForWords(space.get(), words, 2, 0, nullptr, nullptr, &resolved));
-    EXPECT_EQ(resolved.variable, nullptr);
-    EXPECT_FALSE(TBFNamespaceGetTypeForWords(nullptr, words, 1, 0, &type, nullptr, nullptr));
-    EXPECT_EQ(type, TBFNamespaceTypeNone);
 }
 
 } // namespace TBFTests

@@ -1,11 +1,11 @@
 #include "parser/TokenNotation.h"
 
-#include "names/wordoperators/WordOperator.h"
 #include "names/functions/Function.h"
 #include "names/variables/ScopedVariable.h"
+#include "names/wordoperators/WordOperator.h"
+#include "numbers/TBFOperatorType.h"
 #include "parser/ExpressionNodeTreePrinter.h"
 #include "parser/ParserImpl.h"
-#include "numbers/TBFOperatorType.h"
 #include "units/AmbiguousUnit.h"
 #include "units/Unit.h"
 #include "units/UnitContainer.h"

@@ -4,9 +4,8 @@
 #include "numbers/Number.h"
 #include "parser/ExpressionNode.h"
 #include "parser/ExpressionTree.h"
-#include "units/AmbiguousUnit.h"
-#include "face/units/TBFUnitContainer.h"
 #include "parser/UnitDisambiguationMap.h"
+#include "units/AmbiguousUnit.h"
 
 #include "units/UnitVocabulary.h"
 
@@ -86,7 +85,7 @@ private:
 
     // Named otherwise than the word, so that names decide nothing.
     static Ref<UnitContainer> candidate(const char* identifier, const char* symbol) {
-        const auto container = adopt(TBFUnitContainerCreate(identifier, {}, {}));
+        const auto container = UnitContainer::create(identifier, {});
         container->setUnitFraction(Vocabulary::shared().fraction(symbol));
         return container;
     }

@@ -1,7 +1,7 @@
 #include "runtime/Settings.h"
 
 #include "eval/EvaluationTestSupport.h"
-#include "face/TBFoundation.h"
+#include "eval/Foundation.h"
 
 #include <gtest/gtest.h>
 
@@ -11,9 +11,9 @@ namespace {
 
 TEST(Settings, HaveDefaultsAndReportChanges) {
     evaltest::startFoundation();
-    EXPECT_TRUE(TBFSettingsGetBool(TBFSettingUsesNewEvaluatorImpl));
-    EXPECT_FALSE(TBFSettingsGetBool(TBFSettingAllowsVariableRedefinitions));
-    EXPECT_THROW(TBFSettingsGetBool("TBFSettingOfNobody"), std::out_of_range);
+    EXPECT_TRUE(TBF::Settings::current().boolValue(TBFSettingUsesNewEvaluatorImpl));
+    EXPECT_FALSE(TBF::Settings::current().boolValue(TBFSettingAllowsVariableRedefinitions));
+    EXPECT_THROW(TBF::Settings::current().boolValue("TBFSettingOfNobody"), std::out_of_range);
 
     EXPECT_TRUE(TBF::Settings::current().readings());
 
@@ -30,8 +30,8 @@ TEST(Settings, HaveDefaultsAndReportChanges) {
 
 TEST(Settings, StartingTwiceIsHarmlessAndSettingTwiceIsFatal) {
     evaltest::startFoundation();
-    TBFoundationInit(TBF::Settings::create().get());
-    EXPECT_DEATH(TBFSettingsSet(TBF::Settings::create().get()), "Can only set settings once");
+    TBF::startFoundation(TBF::Settings::create());
+    EXPECT_DEATH(TBF::Settings::setCurrent(TBF::Settings::create()), "Can only set settings once");
 }
 
 } // namespace

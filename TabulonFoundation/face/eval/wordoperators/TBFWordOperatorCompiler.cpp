@@ -4,9 +4,9 @@
 #include "eval/wordoperators/CompiledWordOperator.h"
 #include "eval/wordoperators/WordOperatorCompiler.h"
 #include "names/functions/FunctionList.h"
-#include "units/Value.h"
 #include "parser/ExpressionNode.h"
 #include "runtime/String.h"
+#include "units/Value.h"
 
 using TBF::CompiledWordOperator;
 using TBF::WordOperatorCompiler;

@@ -1,9 +1,9 @@
 #include "face/names/functions/TBFFunction.h"
 
-#include "units/EvalMetadata.h"
 #include "names/functions/Function.h"
 #include "names/functions/FunctionList.h"
 #include "numbers/Number.h"
+#include "units/EvalMetadata.h"
 #include "units/Value.h"
 
 #include <algorithm>

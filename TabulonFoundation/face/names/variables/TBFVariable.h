@@ -3,8 +3,8 @@
 // The plain functions over variables and scoped variables. Null handles give null, 0, false or nothing.
 // Used on the thread that runs the document.
 
-#include "results/TBFEvaluationError.h"
 #include "m_apm.h"
+#include "results/TBFEvaluationError.h"
 #include "runtime/Ref.h"
 #include "runtime/TBFTypes.h"
 

@@ -1,10 +1,10 @@
 #include "names/functions/FunctionList.h"
 
-#include "results/EvaluationContext.h"
-#include "face/names/functions/TBFFunction.h"
+#include "names/functions/Function.h"
 #include "numbers/MAPMContext.h"
 #include "numbers/Number.h"
 #include "numbers/TBFMAPMExtensions.h"
+#include "results/EvaluationContext.h"
 #include "units/Value.h"
 
 #include <gtest/gtest.h>
@@ -230,7 +230,8 @@ TEST(FunctionList, ANameBeatsAnAliasAndAListItsParent) {
     const Ref<FunctionList> list = FunctionList::create();
     list->setParentList(parent);
     const auto add = [](FunctionList& target, const char* name, const char* alias) {
-        const Ref<Function> function = adopt(TBFFunctionCreate(name, {alias}));
+        const Ref<Function> function =
+            Function::create(String::createWithUTF8(name), {String::createWithUTF8(alias)});
         target.add(function);
         return function;
     };
@@ -245,10 +246,9 @@ TEST(FunctionList, ANameBeatsAnAliasAndAListItsParent) {
     EXPECT_EQ(above.function, outer.get());
     EXPECT_TRUE(above.exactCase);
     EXPECT_TRUE(above.fromParent);
-    EXPECT_EQ(TBFFunctionListGetFunctionWithName(list.get(), "volume"), nullptr);
-    ASSERT_EQ(TBFFunctionGetAliasesReference(outer.get()).size(), 1u);
-    EXPECT_EQ(TBFFunctionGetAliasesReference(outer.get())[0]->utf8(), "surface");
-    EXPECT_TRUE(TBFFunctionGetAliasesReference(nullptr).empty());
+    EXPECT_EQ(list->find(*String::createWithUTF8("volume")).function, nullptr);
+    ASSERT_EQ(outer->aliases().size(), 1u);
+    EXPECT_EQ(outer->aliases()[0]->utf8(), "surface");
 }
 
 } // namespace

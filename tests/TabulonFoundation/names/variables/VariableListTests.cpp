@@ -1,9 +1,9 @@
 #include "names/variables/VariableList.h"
 
-#include "results/TBFEvaluationError.h"
 #include "names/variables/ScopedVariable.h"
-#include "face/names/variables/TBFVariableList.h"
+#include "names/variables/VariableList.h"
 #include "numbers/TBFMAPMExtensions.h"
+#include "results/TBFEvaluationError.h"
 #include "units/UnitContainer.h"
 
 #include <gtest/gtest.h>

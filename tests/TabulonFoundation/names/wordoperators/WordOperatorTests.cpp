@@ -1,19 +1,18 @@
 #include "names/wordoperators/WordOperatorList.h"
 
 #include "analysis/ExpressionToken.h"
-#include "eval/wordoperators/CompiledWordOperator.h"
-#include "face/eval/wordoperators/TBFWordOperatorCompiler.h"
-#include "face/names/wordoperators/TBFWordOperatorList.h"
-#include "eval/wordoperators/WordOperatorCompiler.h"
-#include "results/EvaluationContext.h"
 #include "eval/ExpressionNodeEvaluator.h"
+#include "eval/wordoperators/CompiledWordOperator.h"
+#include "eval/wordoperators/WordOperatorCompiler.h"
 #include "names/functions/FunctionList.h"
+#include "names/wordoperators/WordOperatorList.h"
 #include "numbers/Number.h"
 #include "numbers/TBFMAPMExtensions.h"
-#include "units/Value.h"
 #include "parser/ExpressionNode.h"
+#include "results/EvaluationContext.h"
 #include "runtime/PolyString.h"
 #include "units/UnitContainer.h"
+#include "units/Value.h"
 
 #include <gtest/gtest.h>
 
@@ -25,13 +24,20 @@ Ref<Value> number(const char* text) {
     return Value::create(Number::create(text, TBFNumberTypeDecimal));
 }
 
+// An infix operator that binds like a sum.
+Ref<WordOperator> op(const char* word, const char* expression) {
+    return WordOperator::create(String::createWithUTF8(word), TBFOperatorNotationInfix,
+                                String::createWithUTF8(expression), TBFOperatorPrecedenceAddSubtract, 0);
+}
+
 std::string run(const char* expression, const char* left, const char* right) {
-    const Ref<WordOperator> op = adopt(TBFWordOperatorCreateASCII("word", 3, expression, 2, 0));
+    const Ref<WordOperator> word = op("word", expression);
     const Ref<ExpressionNodeEvaluator> evaluator = ExpressionNodeEvaluator::create(nullptr);
     const Ref<EvaluationContext> context = EvaluationContext::create(TBFTrigonometryModeRadians);
     const Ref<Value> first = number(left);
     const Ref<Value> second = right ? number(right) : nullptr;
-    const Ref<Value> value = CompiledWordOperator::of(*op).execute(*evaluator, *context, first.get(), second.get());
+    const Ref<Value> value =
+        CompiledWordOperator::of(*word).execute(*evaluator, *context, first.get(), second.get());
     if (context->error()) return "error " + std::to_string(context->error());
     if (!value) return "null";
     return TBF_mapm_to_fitted_string(value->number()->mapmRef(), 100) +
@@ -58,18 +64,13 @@ TEST(WordOperator, ATemplateRunsOnTheOperands) {
 TEST(WordOperatorList, FindsWordsByTheirExactSpelling) {
     const Ref<WordOperatorList> behind = WordOperatorList::create(), list = WordOperatorList::create();
     list->setAuxiliaryList(behind.get());
-    TBFWordOperatorListAddASCII(behind.get(), "mod", 3, "a", 2, 0);
-    TBFWordOperatorListAddASCII(list.get(), "from", 3, "b", 2, 0);
-    TBFWordOperatorListAddASCII(list.get(), "from", 3, "c", 2, 0);
+    behind->add(op("mod", "a"));
+    list->add(op("from", "b"));
+    list->add(op("from", "c"));
     EXPECT_EQ(list->count(), 1u);
     EXPECT_EQ(list->find(u"from")->expression().utf8(), "c");
     EXPECT_NE(list->find(u"mod"), nullptr);
     EXPECT_EQ(list->find(u"Mod"), nullptr);
-
-    const Ref<String> words[] = {String::createWithUTF8("from"), String::createWithUTF8("mod")};
-    const String* const handles[] = {words[0].get(), words[1].get()};
-    EXPECT_TRUE(TBFWordOperatorListWordSequenceIsWordOperator(list.get(), handles, 1, nullptr, nullptr));
-    EXPECT_FALSE(TBFWordOperatorListWordSequenceIsWordOperator(list.get(), handles, 2, nullptr, nullptr));
 }
 
 // The nodes read tokens that had been freed with the analysis.
@@ -89,7 +90,7 @@ TEST(WordOperatorDeathTest, TemplatesCallTheFunctionsGivenAtTheStart) {
     const auto callsOwnFunction = [] {
         const Ref<FunctionList> functions = FunctionList::create();
         functions->add(Function::create(String::create(u"treble")));
-        TBFWordOperatorCompilerInit(functions.get());
+        WordOperatorCompiler::sharedOver(*functions);
         const Ref<CompiledWordOperator> compiled =
             WordOperatorCompiler::shared().compile(*String::create(u"treble(${1})"));
         const ExpressionNode* const root = compiled->rootNode();

@@ -3,6 +3,8 @@
 #include "numbers/Number.h"
 #include "parser/ExpressionNode.h"
 #include "parser/ExpressionTree.h"
+#include "units/AmbiguousUnit.h"
+#include "units/UnitContainer.h"
 
 #include <gtest/gtest.h>
 

@@ -5,8 +5,8 @@
 #include "bootstrap.h"
 #include "bundle/Bundle.h"
 #include "environment/TKEnvironment.h"
-#include "numbers/WorkBudget.h"
 #include "process/ProgramPlaces.h"
+#include "runtime/Settings.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -3,6 +3,10 @@
 # tabulon_layer(NAME LINK a b PRIVATE_LINK c) makes a static library of every source below the current
 # folder. The folder itself is the layer's include root, handed on to those that link the layer: an
 # include can reach a lower layer and never a higher one.
+#
+# tabulon_rooms(NAME ROOMS a b c LINK d) makes such a library, NAME_a and so on, of each of these folders of a
+# layer, from the bottom to the top: each links those before it. Include paths of rooms begin at the layer, so
+# that tests/tools/check_includes.py looks after their direction.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -42,12 +46,36 @@ set(TABULON_STANDARD_HEADERS
 
 function(tabulon_precompile_headers target)
   if(TABULON_PRECOMPILED_HEADERS)
-    target_precompile_headers(${target} PRIVATE ${ARGN})
+    if(ARGV1 STREQUAL "REUSE_FROM")
+      target_precompile_headers(${target} REUSE_FROM ${ARGV2})
+    else()
+      target_precompile_headers(${target} PRIVATE ${ARGN})
+    endif()
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
       # Lets a compiler cache tell what stands behind the precompiled header.
       target_compile_options(${target} PRIVATE -fpch-preprocess)
     endif()
   endif()
+endfunction()
+
+function(tabulon_rooms layer)
+  cmake_parse_arguments(LAYER "" "" "ROOMS;LINK" ${ARGN})
+  set(below ${LAYER_LINK})
+  set(first "")
+  foreach(room ${LAYER_ROOMS})
+    set(name ${layer}_${room})
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${room}/*.cpp)
+    add_library(${name} STATIC ${sources})
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${name} PUBLIC ${below} PRIVATE tabulon_flags)
+    if(first)
+      tabulon_precompile_headers(${name} REUSE_FROM ${first})
+    else()
+      tabulon_precompile_headers(${name} ${TABULON_STANDARD_HEADERS})
+      set(first ${name})
+    endif()
+    set(below ${name})
+  endforeach()
 endfunction()
 
 function(tabulon_layer name)

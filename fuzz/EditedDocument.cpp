@@ -3,8 +3,7 @@
 #include "environment/TCSettings.h"
 #include "environment/TKEnvironment.h"
 #include "environment/TKEnvironmentBuilder.h"
-#include "eval/Settings.h"
-#include "eval/TBFoundation.h"
+#include "eval/Foundation.h"
 #include "expressions/TCExpressionToken.h"
 #include "expressions/TCParsedExpression.h"
 #include "lines/TCLine.h"
@@ -16,6 +15,7 @@
 #include "results/TCResult.h"
 #include "results/TCResultFormatter.h"
 #include "results/TCResultFormattingOptions.h"
+#include "runtime/Settings.h"
 #include "runtime/TBFLog.h"
 #include "runtime/Unicode.h"
 #include "units/TCUnitCollection.h"
@@ -383,7 +383,7 @@ void startEnvironmentForEdits(const char* contentBundle, bool allowsRedefinition
     const auto settings = TBF::Settings::create();
     // A change of a setting is reported.
     if (allowsRedefinitions) settings->setBool(TBFSettingAllowsVariableRedefinitions, true);
-    TBFoundationInit(settings.get());
+    TBF::startFoundation(settings);
     TCSettings::make()->set();
     const auto environment = TKEnvironmentBuilder().build();
     environment->setUpdatesValuesFromWeb(false);

@@ -4,10 +4,10 @@
 #include "environment/TCEvaluator.h"
 #include "environment/TCFunctionList.h"
 #include "environment/TCWordOperatorList.h"
-#include "eval/functions/FunctionImplementation.h"
-#include "eval/functions/FunctionList.h"
 #include "expressions/TCLineReferenceType.h"
 #include "lines/TCLineReferenceFunctions.h"
+#include "names/functions/FunctionImplementation.h"
+#include "names/functions/FunctionList.h"
 #include "runtime/String.h"
 #include "variables/TCVariableList.h"
 

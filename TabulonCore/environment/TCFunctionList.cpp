@@ -1,6 +1,6 @@
 #include "environment/TCFunctionList.h"
 
-#include "eval/functions/FunctionList.h"
+#include "names/functions/FunctionList.h"
 
 TCFunctionList::TCFunctionList()
     : list(TBF::FunctionList::create()) {}

@@ -3,7 +3,7 @@
 // The functions of an environment: a foundation list in the core layer's hands. Filled while an environment
 // is made, only read afterwards.
 
-#include "eval/functions/TBFFunction.h"
+#include "names/functions/FunctionList.h"
 #include "runtime/Ref.h"
 
 class TCFunctionList {
@@ -14,7 +14,7 @@ public:
     ~TCFunctionList();
 
     // Borrowed; never null.
-    TBFFunctionListRef tbfFunctionList() const { return list.get(); }
+    TBF::FunctionList* tbfFunctionList() const { return list.get(); }
 
 private:
     TBF::Ref<TBF::FunctionList> list;

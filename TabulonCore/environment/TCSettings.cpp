@@ -1,7 +1,7 @@
 #include "environment/TCSettings.h"
 
-#include "eval/Settings.h"
-#include "eval/TBFoundation.h"
+#include "eval/Foundation.h"
+#include "runtime/Settings.h"
 #include "runtime/TBFLog.h"
 
 namespace {
@@ -27,6 +27,6 @@ void TCSettings::set() {
     settings->setBool(TBFSettingEnableExperimentalUnits, experimentalUnits);
     settings->setBool(TBFSettingReadings, readsFurther);
     settings->setInteger(TBFSettingLineBudget, stepsOfLine);
-    TBFoundationInit(settings.get());
+    TBF::startFoundation(settings);
     currentSettings() = shared_from_this();
 }

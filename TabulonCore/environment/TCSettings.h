@@ -4,6 +4,7 @@
 // the foundation. On one thread.
 
 #include "numbers/WorkBudget.h"
+#include "runtime/Settings.h"
 
 #include <cstdint>
 #include <memory>

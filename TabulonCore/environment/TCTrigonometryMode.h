@@ -3,7 +3,7 @@
 // How a document reads angles, with the numbers of the foundation's enumeration, and the ways between the
 // two. Pure functions.
 
-#include "eval/TBFEvaluationError.h"
+#include "results/TBFEvaluationError.h"
 
 #include <cstdint>
 

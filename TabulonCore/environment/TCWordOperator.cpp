@@ -1,7 +1,8 @@
 #include "environment/TCWordOperator.h"
 
-#include "analysis/wordoperators/CompiledWordOperator.h"
-#include "analysis/wordoperators/WordOperator.h"
+#include "analysis/TBFOperatorOptions.h"
+#include "names/wordoperators/WordOperator.h"
+#include "numbers/TBFOperatorType.h"
 #include "runtime/TBFLog.h"
 
 #include <algorithm>
@@ -11,24 +12,22 @@ namespace {
 struct Kind {
     int32_t type;
     const char* expression;
-    int32_t precedence; // a TBFOperatorPrecedence class
+    TBFOperatorPrecedence precedence;
 };
 
 constexpr Kind kinds[] = {
-    {TCWordOperatorTypeAdd, "${1}+${2}", 2},
-    {TCWordOperatorTypeSubtract, "(${1})-(${2})", 2},
-    {TCWordOperatorTypeMultiply, "${1}*${2}", 6},
-    {TCWordOperatorTypeDivide, "${1}/${2}", 7},
-    {TCWordOperatorTypeReverseSubtract, "(${2})-(${1})", 2},
-    {TCWordOperatorTypeReverseDivide, "${2}/${1}", 7},
+    {TCWordOperatorTypeAdd, "${1}+${2}", TBFOperatorPrecedenceAddSubtract},
+    {TCWordOperatorTypeSubtract, "(${1})-(${2})", TBFOperatorPrecedenceAddSubtract},
+    {TCWordOperatorTypeMultiply, "${1}*${2}", TBFOperatorPrecedenceMultiply},
+    {TCWordOperatorTypeDivide, "${1}/${2}", TBFOperatorPrecedenceDivide},
+    {TCWordOperatorTypeReverseSubtract, "(${2})-(${1})", TBFOperatorPrecedenceAddSubtract},
+    {TCWordOperatorTypeReverseDivide, "${2}/${1}", TBFOperatorPrecedenceDivide},
 };
 
-constexpr Kind unknownKind = {0, "", 1};
+constexpr Kind unknownKind = {0, "", TBFOperatorPrecedenceNone};
 
-constexpr int32_t infix = 3;
-constexpr uint32_t options = 28;
-constexpr uint32_t preConditions = 41;
-constexpr uint32_t argumentConditions = 31;
+constexpr uint32_t options =
+    TBFOperatorOptionLookThroughSigns | TBFOperatorOptionEndIsOperand | TBFOperatorOptionLookThroughWords;
 
 } // namespace
 
@@ -40,10 +39,10 @@ TCWordOperator TCWordOperator::wordOperatorOfType(int32_t type, std::u16string_v
         kind = &unknownKind;
     }
     const TBF::Ref<TBF::WordOperator> op =
-        TBF::WordOperator::create(TBF::String::create(word), infix,
+        TBF::WordOperator::create(TBF::String::create(word), TBFOperatorNotationInfix,
                                   TBF::String::createWithUTF8(kind->expression), kind->precedence, options);
-    op->setPreConditions({preConditions, false});
-    op->setArgumentConditions(argumentConditions);
+    op->setPreConditions({TBFOperatorConditionAfterOperandOrStart, false});
+    op->setArgumentConditions(TBFArgumentConditionValueOrUnit);
     return TCWordOperator(op);
 }
 

@@ -3,7 +3,7 @@
 // A word that acts as an operator, as localizations define it: one of six kinds with a word of its own.
 // Immutable.
 
-#include "analysis/wordoperators/TBFWordOperator.h"
+#include "names/wordoperators/WordOperator.h"
 #include "runtime/Ref.h"
 
 #include <cstdint>
@@ -30,7 +30,7 @@ public:
     ~TCWordOperator();
 
     // Borrowed; never null.
-    TBFWordOperatorRef tbfWordOperator() const { return op.get(); }
+    TBF::WordOperator* tbfWordOperator() const { return op.get(); }
 
 private:
     TBF::Ref<TBF::WordOperator> op;

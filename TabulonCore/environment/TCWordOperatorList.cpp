@@ -1,13 +1,12 @@
 #include "environment/TCWordOperatorList.h"
 
-#include "analysis/wordoperators/CompiledWordOperator.h"
-#include "analysis/wordoperators/WordOperatorList.h"
+#include "analysis/TBFOperatorOptions.h"
 #include "environment/TCEnvironment.h"
 #include "environment/TCWordOperator.h"
+#include "names/wordoperators/WordOperatorList.h"
+#include "numbers/TBFOperatorType.h"
 
 namespace {
-
-enum Notation : int32_t { prefix = 1, postfix = 2, infix = 3 };
 
 // What the stored conditions of an operator are.
 struct Conditions {
@@ -18,13 +17,29 @@ struct Conditions {
 };
 
 constexpr Conditions none = {};
-constexpr Conditions afterOperand = {9, false, 0, true};
+constexpr Conditions afterOperand = {TBFOperatorConditionAfterOperand, false, TBFOperatorConditionNone, true};
+
+// Short, so that the table can be read in columns.
+constexpr auto prefix = TBFOperatorNotationPrefix;
+constexpr auto postfix = TBFOperatorNotationPostfix;
+constexpr auto infix = TBFOperatorNotationInfix;
+constexpr auto sum = TBFOperatorPrecedenceAddSubtract;
+constexpr auto product = TBFOperatorPrecedenceMultiply;
+constexpr auto quotient = TBFOperatorPrecedenceDivide;
+constexpr auto percentage = TBFOperatorPrecedencePercentageWordOperator;
+constexpr uint32_t noOptions = 0;
+constexpr uint32_t reserved = TBFOperatorOptionReserved1;
+constexpr uint32_t acrossWords = TBFOperatorOptionLookThroughWords;
+constexpr uint32_t acrossWordsAndSigns = reserved | acrossWords | TBFOperatorOptionLookThroughSigns;
+constexpr uint32_t unchecked = 0; // the operator stays one whatever stands beside it
+constexpr uint32_t value = TBFArgumentConditionValue;
+constexpr uint32_t valueOrUnit = TBFArgumentConditionValueOrUnit;
 
 struct Row {
     const char* word;
-    Notation notation;
+    TBFOperatorNotation notation;
     const char* expression;
-    int32_t precedence; // a TBFOperatorPrecedence class
+    TBFOperatorPrecedence precedence;
     uint32_t options;
     uint32_t argumentConditions;
     Conditions conditions;
@@ -32,34 +47,34 @@ struct Row {
 
 // Words with an underscore in front are written by the engine itself, for the phrases that it recognizes.
 constexpr Row table[] = {
-    {"from", infix, "(${2})-(${1})", 2, 1, 30, afterOperand},
-    {"into", infix, "${2}/${1}", 7, 1, 30, afterOperand},
-    {"x", infix, "(${2})*(${1})", 6, 21, 31, none},
-    {"per", infix, "${1}/${2}", 7, 16, 31, none},
-    {"_as_percent", postfix, "(${1}*100)%", 2, 1, 0, none},
-    {"_as_percent_of", infix, "(${1}/${2}*100)%", 8, 1, 0, none},
-    {"_as_percent_off", infix, "(100-(${1})/${2}*100)%", 8, 1, 0, none},
-    {"_as_percent_on", infix, "((${1}/${2}-1)*100)%", 8, 1, 0, none},
-    {"_percent_of", infix, "((${1})%*${2})", 8, 1, 0, none},
-    {"_percent_off_what_is", infix, "(${2}/(1-(${1})%))", 8, 1, 0, none},
-    {"_percent_on_what_is", infix, "(${2}/((${1})%+1))", 8, 1, 0, none},
-    {"_percent_of_what_is", infix, "(${2}/(${1}%))", 8, 1, 0, none},
-    {"_percent_off", infix, "(${2}*(1 - (${1})%))", 8, 1, 0, none},
-    {"_percent_on", infix, "(${2}*(1 + (${1})%))", 8, 1, 0, none},
-    {"_as_percent_increase_of", infix, "((${1}/(${2})-1)*100)%", 8, 1, 0, none},
-    {"_as_percent_decrease_of", infix, "((1-(${1})/${2})*100)%", 8, 1, 0, none},
-    {"_reverse_as_percent_off", infix, "(100-(${2})/${1}*100)%", 8, 1, 0, none},
-    {"_reverse_as_percent_on", infix, "((${2}/${1}-1)*100)%", 8, 1, 0, none},
-    {"_reverse_percent_off_what_is", infix, "(${1}/(1-(${2})%))", 8, 1, 0, none},
-    {"_reverse_percent_on_what_is", infix, "(${1}/((${2})%+1))", 8, 1, 0, none},
-    {"_reverse_percent_of_what_is", infix, "(${1}/${2}*100)", 8, 1, 0, none},
-    {"mod", infix, "(${1})__mod(${2})", 2, 1, 30, afterOperand},
-    {"lsl", infix, "_lsl(${1};${2})", 2, 0, 30, afterOperand},
-    {"lsr", infix, "_lsr(${1};${2})", 2, 0, 30, afterOperand},
-    {"_bit_or", infix, "_bitwise_or(${1};${2})", 2, 0, 30, afterOperand},
-    {"_bit_and", infix, "_bitwise_and(${1};${2})", 2, 0, 30, afterOperand},
-    {"xor", infix, "_bitwise_xor(${1};${2})", 2, 0, 30, afterOperand},
-    {"_bit_not", prefix, "_bitwise_not(${1})", 2, 0, 0, none},
+    {"from", infix, "(${2})-(${1})", sum, reserved, value, afterOperand},
+    {"into", infix, "${2}/${1}", quotient, reserved, value, afterOperand},
+    {"x", infix, "(${2})*(${1})", product, acrossWordsAndSigns, valueOrUnit, none},
+    {"per", infix, "${1}/${2}", quotient, acrossWords, valueOrUnit, none},
+    {"_as_percent", postfix, "(${1}*100)%", sum, reserved, unchecked, none},
+    {"_as_percent_of", infix, "(${1}/${2}*100)%", percentage, reserved, unchecked, none},
+    {"_as_percent_off", infix, "(100-(${1})/${2}*100)%", percentage, reserved, unchecked, none},
+    {"_as_percent_on", infix, "((${1}/${2}-1)*100)%", percentage, reserved, unchecked, none},
+    {"_percent_of", infix, "((${1})%*${2})", percentage, reserved, unchecked, none},
+    {"_percent_off_what_is", infix, "(${2}/(1-(${1})%))", percentage, reserved, unchecked, none},
+    {"_percent_on_what_is", infix, "(${2}/((${1})%+1))", percentage, reserved, unchecked, none},
+    {"_percent_of_what_is", infix, "(${2}/(${1}%))", percentage, reserved, unchecked, none},
+    {"_percent_off", infix, "(${2}*(1 - (${1})%))", percentage, reserved, unchecked, none},
+    {"_percent_on", infix, "(${2}*(1 + (${1})%))", percentage, reserved, unchecked, none},
+    {"_as_percent_increase_of", infix, "((${1}/(${2})-1)*100)%", percentage, reserved, unchecked, none},
+    {"_as_percent_decrease_of", infix, "((1-(${1})/${2})*100)%", percentage, reserved, unchecked, none},
+    {"_reverse_as_percent_off", infix, "(100-(${2})/${1}*100)%", percentage, reserved, unchecked, none},
+    {"_reverse_as_percent_on", infix, "((${2}/${1}-1)*100)%", percentage, reserved, unchecked, none},
+    {"_reverse_percent_off_what_is", infix, "(${1}/(1-(${2})%))", percentage, reserved, unchecked, none},
+    {"_reverse_percent_on_what_is", infix, "(${1}/((${2})%+1))", percentage, reserved, unchecked, none},
+    {"_reverse_percent_of_what_is", infix, "(${1}/${2}*100)", percentage, reserved, unchecked, none},
+    {"mod", infix, "(${1})__mod(${2})", sum, reserved, value, afterOperand},
+    {"lsl", infix, "_lsl(${1};${2})", sum, noOptions, value, afterOperand},
+    {"lsr", infix, "_lsr(${1};${2})", sum, noOptions, value, afterOperand},
+    {"_bit_or", infix, "_bitwise_or(${1};${2})", sum, noOptions, value, afterOperand},
+    {"_bit_and", infix, "_bitwise_and(${1};${2})", sum, noOptions, value, afterOperand},
+    {"xor", infix, "_bitwise_xor(${1};${2})", sum, noOptions, value, afterOperand},
+    {"_bit_not", prefix, "_bitwise_not(${1})", sum, noOptions, unchecked, none},
 };
 
 static_assert(std::size(table) == 28);
@@ -77,8 +92,9 @@ TCWordOperatorList::~TCWordOperatorList() = default;
 std::shared_ptr<TCWordOperatorList> TCWordOperatorList::listWithStandardWordOperators() {
     auto words = std::make_shared<TCWordOperatorList>();
     for (const Row& row : table) {
-        const TBF::Ref<TBF::WordOperator> op = TBF::adopt(
-            TBFWordOperatorCreateASCII(row.word, row.notation, row.expression, row.precedence, row.options));
+        const TBF::Ref<TBF::WordOperator> op = TBF::WordOperator::create(
+            TBF::String::createWithUTF8(row.word), row.notation, TBF::String::createWithUTF8(row.expression),
+            row.precedence, row.options);
         op->setPreConditions({row.conditions.pre, row.conditions.preMatchAny});
         op->setPostConditions({row.conditions.post, row.conditions.postMatchAny});
         op->setArgumentConditions(row.argumentConditions);

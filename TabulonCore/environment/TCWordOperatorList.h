@@ -3,7 +3,7 @@
 // The words that act as operators in an environment. Filled while an environment is made, and on a change of
 // localization; only read otherwise.
 
-#include "analysis/wordoperators/TBFWordOperatorList.h"
+#include "names/wordoperators/WordOperatorList.h"
 #include "runtime/Ref.h"
 
 #include <memory>
@@ -27,7 +27,7 @@ public:
     void addWordOperator(const TCWordOperator& op);
 
     // Borrowed; never null.
-    TBFWordOperatorListRef tbfWordOperatorList() const { return list.get(); }
+    TBF::WordOperatorList* tbfWordOperatorList() const { return list.get(); }
 
 private:
     TBF::Ref<TBF::WordOperatorList> list;

@@ -1,11 +1,11 @@
 // The names that lines declare: a variable for each, with the lines that declare it and their values.
 
-#include "eval/Settings.h"
 #include "expressions/TCExpression.h"
 #include "expressions/TCLineVariableDeclaration.h"
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
 #include "lines/TCLineCollectionVariable.h"
+#include "runtime/Settings.h"
 #include "variables/TCVariableList.h"
 
 #include <algorithm>

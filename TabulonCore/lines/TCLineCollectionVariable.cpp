@@ -1,7 +1,7 @@
 #include "lines/TCLineCollectionVariable.h"
 
-#include "eval/variables/Variable.h"
 #include "lines/TCLine.h"
+#include "names/variables/Variable.h"
 #include "results/TCResult.h"
 #include "runtime/String.h"
 #include "units/UnitContainer.h"
@@ -68,7 +68,8 @@ void TCLineCollectionVariable::setValueResult(const TCResult* result, TCRange li
 std::optional<std::u16string>
 TCLineCollectionVariable::delocalizedValueForLineAtIndex(std::size_t index) const {
     const auto scope = static_cast<int32_t>(std::min<std::size_t>(index, TBF::Variable::endScope));
-    const TBF::String* const text = TBFVariableGetValueReferenceForScopeIndex(tbfVariable(), scope);
+    const TBF::VariableValue* const value = tbfVariable()->valueAt(scope);
+    const TBF::String* const text = value ? value->string() : nullptr;
     return text ? std::optional(text->utf16()) : std::nullopt;
 }
 

@@ -1,16 +1,16 @@
 #include "lines/TCLineReferenceFunctions.h"
 
 #include "environment/TCEvaluationContext.h"
-#include "eval/EvalMetadata.h"
-#include "eval/EvaluationContext.h"
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
-#include "numbers/EvaluatedValue.h"
 #include "numbers/Number.h"
-#include "numbers/Value.h"
+#include "results/EvaluationContext.h"
 #include "results/Result.h"
 #include "results/TCResult.h"
+#include "units/EvalMetadata.h"
+#include "units/EvaluatedValue.h"
 #include "units/UnitFraction.h"
+#include "units/Value.h"
 
 #include <utility>
 

@@ -5,7 +5,7 @@
 // document in the evaluation's context information, a TCEvaluationContext. Nothing is evaluated here: the
 // order of evaluation sees to it that the answers are current.
 
-#include "eval/functions/FunctionImplementation.h"
+#include "names/functions/FunctionImplementation.h"
 #include "runtime/Ref.h"
 
 namespace TBF {

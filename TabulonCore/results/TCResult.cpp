@@ -82,6 +82,15 @@ std::u16string_view trimmed(std::u16string_view text) {
     return text;
 }
 
+// Null without a result, or without a text in it.
+const TBF::String* textOf(const TBF::Ref<TBF::Result>& result) {
+    return result ? result->string().get() : nullptr;
+}
+
+const TBF::String* completeTextOf(const TBF::Ref<TBF::Result>& result) {
+    return result ? result->completeString().get() : nullptr;
+}
+
 } // namespace
 
 std::u16string errorStringForTCResultErrorType(int32_t errorType) {
@@ -95,24 +104,24 @@ TCResult::~TCResult() = default;
 
 std::shared_ptr<TCResult> TCResult::resultWithContentsOfTBFResult(TBF::Ref<TBF::Result> result) {
     auto wrapped = TBF::makeShared<TCResult>();
-    if (const TBF::String* const text = TBFResultGetStringReference(result.get())) {
+    if (const TBF::String* const text = textOf(result)) {
         wrapped->type = text->isEmpty() ? TCResultTypeEmpty : TCResultTypeNumber;
     } else {
         wrapped->takeErrorFrom(result.get());
         wrapped->type = wrapped->error == TCErrorTypeNone ? TCResultTypeEmpty : TCResultTypeError;
     }
-    if (TBFResultGetFlags(result.get()) & TBFResultFlagPercent) wrapped->flagBits = TBFResultFlagPercent;
-    if (TBFResultGetStringReference(result.get())) wrapped->foundationResult = std::move(result);
+    if (result && (result->flags() & TBFResultFlagPercent)) wrapped->flagBits = TBFResultFlagPercent;
+    if (textOf(result)) wrapped->foundationResult = std::move(result);
     return wrapped;
 }
 
-void TCResult::takeErrorFrom(TBFResultRef result) {
+void TCResult::takeErrorFrom(TBF::Result* result) {
     if (!result) return;
-    if (const TBFEvaluationError evaluationError = TBFResultGetEvaluationError(result)) {
+    if (const TBFEvaluationError evaluationError = result->evaluationError()) {
         error = errorTypeOf(evaluationError);
         return;
     }
-    const uint32_t code = TBFResultGetErrorCode(result);
+    const uint32_t code = result->errorCode();
     const auto row =
         std::find_if(std::begin(errorCodes), std::end(errorCodes), [&](const ErrorCodeRow& each) {
             return TBFErrorContainsErrorMask(code, each.error, each.mask);
@@ -120,14 +129,14 @@ void TCResult::takeErrorFrom(TBFResultRef result) {
     if (row != std::end(errorCodes)) error = row->type;
 }
 
-TCResult::UnitForms TCResult::unitFormsOf(TBFResultRef result) {
+TCResult::UnitForms TCResult::unitFormsOf(const TBF::Result& result) {
     UnitForms forms;
-    TBF::UnitFraction* const fraction = TBFResultGetUnitFraction(result);
+    TBF::UnitFraction* const fraction = result.unitFraction();
     if (!fraction || fraction->unitType() == TBFUnitTypeNone) return forms;
     forms.unfiltered = TCValueUnit::unitWithUnitFraction(TBF::retain(fraction));
     forms.filtered = TCUnitFilter::filteredUnit(forms.unfiltered);
     for (const TBF::UnitFraction::UnitDegree& each : fraction->unitDegrees()) {
-        const TBFUnitFormatType format = TBFResultGetUnitComponentNameFormat(result, each.unit.get());
+        const TBFUnitFormatType format = result.nameFormat(*each.unit);
         if (format != TBFUnitFormatTypeNone)
             forms.nameFormats.insert_or_assign(TCUnitTypeFromTBFUnitType(each.unit->type()),
                                                TCUnitNameFormatFromTBFUnitFormatType(format));
@@ -162,12 +171,12 @@ const std::shared_ptr<TCResult>& TCResult::emptyResult() {
     return result;
 }
 
-TBFResultRef TCResult::tbfResult() const {
+TBF::Result* TCResult::tbfResult() const {
     return foundationResult.get();
 }
 
 void TCResult::setRawResultPrecision(int32_t places) {
-    TBFResultSetPrecision(foundationResult.get(), std::max(places, -1));
+    if (foundationResult) foundationResult->setPrecision(std::max(places, -1));
 }
 
 void TCResult::dropDerivedForms() const {
@@ -176,22 +185,22 @@ void TCResult::dropDerivedForms() const {
 }
 
 std::optional<std::u16string> TCResult::rawResult() const {
-    const TBF::String* const text = TBFResultGetStringReference(foundationResult.get());
+    const TBF::String* const text = textOf(foundationResult);
     return text ? std::optional(text->utf16()) : std::nullopt;
 }
 
 std::optional<std::u16string> TCResult::completeStringValue() const {
-    const TBF::String* const text = TBFResultGetCompleteStringReference(foundationResult.get());
+    const TBF::String* const text = completeTextOf(foundationResult);
     return text ? std::optional(text->utf16()) : std::nullopt;
 }
 
 bool TCResult::isUnity() const {
-    const TBF::String* const text = TBFResultGetCompleteStringReference(foundationResult.get());
+    const TBF::String* const text = completeTextOf(foundationResult);
     return text && text->view() == u"1";
 }
 
 uint32_t TCResult::wholeNumberLength() const {
-    const TBF::String* const text = TBFResultGetStringReference(foundationResult.get());
+    const TBF::String* const text = textOf(foundationResult);
     if (!text) return 0;
     const std::size_t point = text->view().find(u'.');
     return point == std::u16string_view::npos ? static_cast<uint32_t>(text->length())
@@ -224,9 +233,9 @@ void TCResult::UnitForms::operator delete(void* memory, std::size_t size) {
 const TCResult::UnitForms& TCResult::unitForms() const {
     static const UnitForms& none = *std::make_unique<UnitForms>().release();
     if (units) return *units;
-    const TBF::UnitFraction* const fraction = TBFResultGetUnitFraction(foundationResult.get());
+    const TBF::UnitFraction* const fraction = foundationResult ? foundationResult->unitFraction() : nullptr;
     if (!fraction || fraction->unitType() == TBFUnitTypeNone) return none;
-    units = std::make_unique<UnitForms>(unitFormsOf(foundationResult.get()));
+    units = std::make_unique<UnitForms>(unitFormsOf(*foundationResult));
     return *units;
 }
 
@@ -264,7 +273,8 @@ std::optional<std::u16string> TCResult::unitString() const {
     TCUnitStringFormatter formatter;
     for (const auto& [unitType, format] : forms.nameFormats)
         formatter.setUnitNameFormat(format, unitType);
-    return formatter.stringForUnit(forms.filtered.get(), isUnity() ? TCUnitNameFormSingular : TCUnitNameFormPlural);
+    return formatter.stringForUnit(forms.filtered.get(),
+                                   isUnity() ? TCUnitNameFormSingular : TCUnitNameFormPlural);
 }
 
 TCUnitNameFormat TCResult::unitNameFormatForComponentUnitType(TCUnitType unitType) const {
@@ -278,10 +288,12 @@ bool TCResult::isEqual(const TCResult* other) const {
     if (this == other) return true;
     if (type != other->type || error != other->error) return false;
     if (!TCUnitsAreEqual(unit().get(), other->unit().get())) return false;
-    return TBFResultEqualToResult(tbfResult(), other->tbfResult());
+    TBF::Result* const own = tbfResult();
+    TBF::Result* const others = other->tbfResult();
+    return own == others || (own && others && own->isEqualTo(*others));
 }
 
 std::size_t TCResult::hash() const {
-    const TBF::String* const text = TBFResultGetStringReference(foundationResult.get());
+    const TBF::String* const text = textOf(foundationResult);
     return text ? std::hash<std::u16string_view>()(text->view()) : 0;
 }

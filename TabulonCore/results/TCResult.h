@@ -6,7 +6,7 @@
 // shared empty result has nothing to fill.
 
 #include "environment/TCSimpleLocale.h"
-#include "results/TBFResult.h"
+#include "results/Result.h"
 #include "results/TCResultFormattingOptions.h"
 #include "runtime/Ref.h"
 #include "units/TCUnitTypes.h"
@@ -86,7 +86,7 @@ public:
     std::optional<std::u16string> decimalValue(uint32_t places, bool withUnit = false) const;
 
     // The foundation's form of the value, borrowed; null without a text.
-    TBFResultRef tbfResult() const;
+    TBF::Result* tbfResult() const;
 
     // Decimal places that count in comparisons; below 0, all of them.
     void setRawResultPrecision(int32_t places);
@@ -123,7 +123,7 @@ public:
     std::size_t hash() const;
 
 private:
-    void takeErrorFrom(TBFResultRef result);
+    void takeErrorFrom(TBF::Result* result);
 
     // The units as the core layer shows them.
     struct UnitForms {
@@ -135,11 +135,11 @@ private:
     };
     const UnitForms& unitForms() const;
     UnitForms& ownUnitForms(); // which aren't those of the foundation's form any more
-    static UnitForms unitFormsOf(TBFResultRef result);
+    static UnitForms unitFormsOf(const TBF::Result& result);
 
     // A document keeps an answer for each of its lines, so the text, the digits and the unit stand once, in
     // the foundation's form.
-    TBF::Ref<TBF::Result> foundationResult; // null without a text
+    TBF::Ref<TBF::Result> foundationResult;   // null without a text
     mutable std::unique_ptr<UnitForms> units; // null while nobody has asked, or without a unit
     std::shared_ptr<const TCResultFormattingOptions> formattingOptions;
     TCResultType type = TCResultTypeNotSet;

@@ -2,6 +2,7 @@
 
 #include "results/Result.h"
 #include "results/ResultFormatter.h"
+#include "results/ResultParts.h"
 #include "results/TCAttributedResultFormatter.h"
 #include "results/TCResult.h"
 #include "runtime/Unicode.h"
@@ -9,19 +10,14 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstdlib>
 #include <limits>
-#include <memory>
 #include <string>
 #include <vector>
 
 namespace {
 
-// Texts that the foundation allocates with malloc.
-struct Freer {
-    void operator()(char* text) const { std::free(text); }
-};
-using MallocText = std::unique_ptr<char, Freer>;
+// Of the degrees, in their groups.
+constexpr int32_t digitsInGroup = 3;
 
 // Takes a place in a text while two characters change places.
 constexpr char16_t placeholder = u'\u0011';
@@ -104,7 +100,7 @@ TCResultFormatter& TCResultFormatter::sharedInstance() {
 }
 
 TCResultFormatter::TCResultFormatter(std::string localeIdentifier)
-    : resultFormatter(TBF::adopt(TBFResultFormatterCreate()))
+    : resultFormatter(TBF::ResultFormatter::create())
     , currencySymbols(std::move(localeIdentifier)) {}
 
 TCResultFormatter::~TCResultFormatter() = default;
@@ -135,26 +131,23 @@ TCResultFormatter::stringValueForResult(const TCResult* result,
 }
 
 void TCResultFormatter::configure(const TCResultFormattingOptions& options) {
-    TBF::ResultFormatter* const formatter = resultFormatter.get();
+    TBF::ResultFormatter& formatter = *resultFormatter;
     const bool inGroupsOfFour = options.displayFormat() == TCDisplayFormatBase;
-    TBFResultFormatterSetIncludeThousandsSeparator(formatter, options.thousandsSeparator());
-    TBFResultFormatterSetThousandsGroupSize(
-        formatter, inGroupsOfFour ? int8_t{4} : static_cast<int8_t>(options.thousandsGroupSize()));
-    TBFResultFormatterSetIncludeBasePrefix(formatter, options.showBasePrefix());
-    TBFResultFormatterSetIncludeTrailingZeros(formatter, options.trailingZeros());
+    formatter.setThousandsSeparator(options.thousandsSeparator());
+    formatter.setGroupSize(inGroupsOfFour ? int8_t{4} : static_cast<int8_t>(options.thousandsGroupSize()));
+    formatter.setBasePrefix(options.showBasePrefix());
+    formatter.setTrailingZeros(options.trailingZeros());
 
     const int32_t mode = options.scientificNotationMode();
-    TBFResultFormatterSetEnableScientificNotation(formatter, mode == 1 || mode == 2);
+    formatter.setScientificNotation(mode == 1 || mode == 2);
     if (mode == 2)
-        TBFResultFormatterSetScientificNotationThresholds(
-            formatter, within16Bits(options.scientificNotationSmallThreshold()),
-            within16Bits(options.scientificNotationBigThreshold()));
+        formatter.setScientificNotationThresholds(within16Bits(options.scientificNotationSmallThreshold()),
+                                                  within16Bits(options.scientificNotationBigThreshold()));
     else if (mode == 1)
-        TBFResultFormatterSetScientificNotationThresholds(formatter, 0, 0);
+        formatter.setScientificNotationThresholds(0, 0);
 
     const bool inStepsOfThree = options.scientificNotationStyle() == 0;
-    TBFResultFormatterSetScientificNotationGranularity(
-        formatter,
+    formatter.setSnGranularity(
         inStepsOfThree ? int16_t{3} : within16Bits(options.scientificNotationExponentGranularity()));
 }
 
@@ -247,27 +240,25 @@ TCResultFormatter::attributedStringValueForResult(const TCResult* result,
 
 std::optional<std::u16string> degreesMinutesSecondsFormattedResult(const TCResult* result,
                                                                    const TCResultFormattingOptions& options) {
-    if (!result) return std::nullopt;
-    char *degrees = nullptr, *minutes = nullptr, *seconds = nullptr;
-    TBFResultGetDegreesMinutesSeconds(result->tbfResult(), &degrees, &minutes, &seconds,
-                                      static_cast<int32_t>(options.decimalPlaces()), options.trailingZeros(),
-                                      options.thousandsSeparator(), 3);
-    const MallocText owners[] = {MallocText(degrees), MallocText(minutes), MallocText(seconds)};
-    if (!degrees || !minutes || !seconds) return std::nullopt;
-    return TBF::utf16(degrees) + options.degreesCharacter() + u' ' + TBF::utf16(minutes) +
-           options.minutesCharacter() + u' ' + TBF::utf16(seconds) + options.secondsCharacter();
+    TBF::Result* const value = result ? result->tbfResult() : nullptr;
+    if (!value) return std::nullopt;
+    const auto parts =
+        TBF::degreesMinutesSeconds(*value, static_cast<int32_t>(options.decimalPlaces()),
+                                   options.trailingZeros(), options.thousandsSeparator() ? digitsInGroup : 0);
+    if (!parts) return std::nullopt;
+    return TBF::utf16(parts->degrees) + options.degreesCharacter() + u' ' + TBF::utf16(parts->minutes) +
+           options.minutesCharacter() + u' ' + TBF::utf16(parts->seconds) + options.secondsCharacter();
 }
 
 std::optional<std::u16string> fractionFormattedResult(const TCResult* result,
                                                       const TCResultFormattingOptions& options) {
-    if (!result) return std::nullopt;
-    char *whole = nullptr, *numerator = nullptr, *denominator = nullptr;
+    TBF::Result* const value = result ? result->tbfResult() : nullptr;
+    if (!value) return std::nullopt;
     const bool isMixed = options.fractionStyle() == 0;
-    TBFResultGetFraction(result->tbfResult(), &whole, &numerator, &denominator, 0, 3, isMixed);
-    const MallocText owners[] = {MallocText(whole), MallocText(numerator), MallocText(denominator)};
-    if (!numerator || !denominator || std::string_view(denominator) == "1") return std::nullopt;
-    const std::u16string fraction = TBF::utf16(numerator) + u'/' + TBF::utf16(denominator);
-    return whole ? TBF::utf16(whole) + u' ' + fraction : fraction;
+    const auto parts = TBF::fractionOf(*value, isMixed);
+    if (!parts || parts->denominator == "1") return std::nullopt;
+    const std::u16string fraction = TBF::utf16(parts->numerator) + u'/' + TBF::utf16(parts->denominator);
+    return parts->whole ? TBF::utf16(*parts->whole) + u' ' + fraction : fraction;
 }
 
 std::optional<std::u16string_view> exponentSIString(std::u16string_view text) {

@@ -5,7 +5,7 @@
 // sign, and the unit's name or the currency's symbol. Each call configures the formatter anew, so that calls
 // must not overlap: it belongs to the thread that draws or exports.
 
-#include "results/TBFResultFormatter.h"
+#include "results/ResultFormatter.h"
 #include "results/TCAttributedString.h"
 #include "results/TCCurrencySymbols.h"
 #include "results/TCResultFormattingOptions.h"

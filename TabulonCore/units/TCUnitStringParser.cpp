@@ -1,9 +1,9 @@
 #include "units/TCUnitStringParser.h"
 
-#include "analysis/wordoperators/WordOperatorList.h"
 #include "environment/TCBuiltins.h"
 #include "environment/TCWordOperatorList.h"
 #include "eval/Evaluator.h"
+#include "names/wordoperators/WordOperatorList.h"
 #include "results/Result.h"
 #include "runtime/String.h"
 #include "units/TCCompositeUnit.h"

@@ -3,8 +3,8 @@
 #include "bundle/LocalizedStrings.h"
 #include "environment/TCEvaluator.h"
 #include "environment/TCWarnLog.h"
-#include "eval/variables/Variable.h"
 #include "expressions/TCExpression.h"
+#include "names/variables/Variable.h"
 #include "results/TCResult.h"
 #include "results/TCResultFormatter.h"
 #include "runtime/String.h"
@@ -136,7 +136,8 @@ std::optional<std::u16string> TCVariable::localizedValue() const {
 }
 
 std::optional<std::u16string> TCVariable::delocalizedValue() const {
-    return textOf(TBFVariableGetValueReference(foundationVariable.get()));
+    const TBF::VariableValue* const value = foundationVariable->valueAt(TBF::Variable::endScope);
+    return value ? textOf(value->string()) : std::nullopt;
 }
 
 void TCVariable::setValue(std::optional<std::u16string> text) {
@@ -177,7 +178,8 @@ void TCVariable::setResultValue(const TCResult* result) {
 }
 
 uint32_t TCVariable::resultFlags() const {
-    return TBFVariableGetResultFlags(foundationVariable.get()) & TBFResultFlagPercent;
+    const TBF::VariableValue* const value = foundationVariable->valueAt(TBF::Variable::endScope);
+    return value ? value->flags() & TBFResultFlagPercent : 0;
 }
 
 void TCVariable::setUnit(Unit newUnit) {

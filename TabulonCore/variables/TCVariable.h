@@ -6,8 +6,8 @@
 // document's thread.
 
 #include "environment/TCSimpleLocale.h"
-#include "eval/variables/TBFVariable.h"
 #include "expressions/TCRange.h"
+#include "names/variables/Variable.h"
 #include "propertylist/PropertyList.h"
 #include "runtime/Ref.h"
 #include "variables/TCVariableState.h"
@@ -140,7 +140,7 @@ public:
     void setVariableList(TCVariableList* list) { owningList = list; }
 
     // Borrowed; never null.
-    TBFVariableRef tbfVariable() const { return foundationVariable.get(); }
+    TBF::Variable* tbfVariable() const { return foundationVariable.get(); }
 
 protected:
     // The value, percent sign and unit of an answer, or no value for null.

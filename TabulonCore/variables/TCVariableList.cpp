@@ -2,7 +2,7 @@
 
 #include "environment/TCEnvironment.h"
 #include "environment/TCWarnLog.h"
-#include "eval/variables/VariableList.h"
+#include "names/variables/VariableList.h"
 #include "runtime/String.h"
 #include "runtime/Unicode.h"
 #include "units/UnitContainer.h"
@@ -29,9 +29,9 @@ TCVariableList::~TCVariableList() {
 
 std::shared_ptr<TCVariableList> TCVariableList::listWithStandardVariables() {
     auto variables = std::make_shared<TCVariableList>();
-    const TBFVariableListRef standard = TBFVariableListGetStandardList();
-    TBFVariableListSetParentList(variables->tbfVariableList(), standard);
-    for (TBF::Variable* const variable : standard->topLevelVariables())
+    TBF::VariableList& standard = TBF::VariableList::startedStandard();
+    variables->list->setParentList(TBF::retain(&standard));
+    for (TBF::Variable* const variable : standard.topLevelVariables())
         variables->addVariableWithoutAddingToTBFVariableList(
             TCVariable::variableWithTBFVariable(TBF::retain(variable)));
     return variables;
@@ -46,16 +46,16 @@ void TCVariableList::setParentList(std::shared_ptr<TCVariableList> newParent) {
     for (const TCVariableList* each = newParent.get(); each; each = each->parent.get())
         if (each == this) return;
     parent = std::move(newParent);
-    TBFVariableListSetParentList(list.get(), parent ? parent->tbfVariableList() : nullptr);
+    list->setParentList(parent ? parent->list : nullptr);
     registerStateChange();
 }
 
 int32_t TCVariableList::countOfTopLevelVariables() const {
-    return TBFVariableListGetCountOfTopLevelVariables(list.get());
+    return list->countOfTopLevelVariables();
 }
 
 int32_t TCVariableList::countOfAllVariables() const {
-    return TBFVariableListGetCountOfVariables(list.get());
+    return list->countOfVariables();
 }
 
 std::vector<std::shared_ptr<TCVariable>> TCVariableList::variables() const {
@@ -166,7 +166,7 @@ void TCVariableList::removeVariableWithName(std::u16string_view name) {
 void TCVariableList::addVariable(const std::shared_ptr<TCVariable>& variable) {
     if (!variable) return;
     addVariableWithoutAddingToTBFVariableList(variable);
-    if (variable->enabled()) TBFVariableListAddVariable(list.get(), variable->tbfVariable());
+    if (variable->enabled()) list->add(TBF::retain(variable->tbfVariable()));
 }
 
 void TCVariableList::addVariableWithName(std::u16string_view name, std::optional<std::u16string> value) {
@@ -178,7 +178,7 @@ void TCVariableList::addVariableWithoutAddingToTBFVariableList(const std::shared
     const std::shared_ptr<TCVariable> held = variable; // the argument may stand in `listed`
     std::u16string name = keyOf(*held);
     for (auto place = listed.find(name); place != listed.end(); place = listed.find(name)) {
-        if (place->second != held) TBFVariableListRemoveVariable(list.get(), place->second->tbfVariable());
+        if (place->second != held) list->remove(*place->second->tbfVariable());
         letGo(place);
     }
     if (held->variableList()) // it may be listed here under the name it had
@@ -206,18 +206,18 @@ void TCVariableList::letGo(Listed::const_iterator place) {
 
 // Another enabled variable of the name that stood behind it is found again.
 void TCVariableList::removeFromTBFVariableList(const TCVariable& variable) {
-    TBFVariableListRemoveVariable(list.get(), variable.tbfVariable());
+    list->remove(*variable.tbfVariable());
     const auto [first, last] = listed.equal_range(keyOf(variable));
     const auto next = std::find_if(first, last, [&](const auto& entry) {
         return entry.second.get() != &variable && entry.second->enabled();
     });
-    if (next != last) TBFVariableListAddVariable(list.get(), next->second->tbfVariable());
+    if (next != last) list->add(TBF::retain(next->second->tbfVariable()));
 }
 
 void TCVariableList::removeAllVariables() {
     while (!listed.empty())
         letGo(listed.begin());
-    TBFVariableListRemoveAll(list.get());
+    list->removeAll();
 }
 
 void TCVariableList::variableDidUpdateName(TCVariable& variable, const std::optional<std::u16string>& oldName,
@@ -240,7 +240,7 @@ void TCVariableList::variableDidUpdateValue(TCVariable& variable) {
 void TCVariableList::variableDidChangeEnabledState(TCVariable& variable, bool enabled) {
     registerStateChange();
     if (enabled)
-        TBFVariableListAddVariable(list.get(), variable.tbfVariable());
+        list->add(TBF::retain(variable.tbfVariable()));
     else
         removeFromTBFVariableList(variable);
     tellDelegate(variable);

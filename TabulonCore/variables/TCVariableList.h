@@ -4,7 +4,7 @@
 // it. Counts its changes, so that whoever read names can tell whether they still hold. Used on the
 // document's thread.
 
-#include "eval/variables/TBFVariableList.h"
+#include "names/variables/VariableList.h"
 #include "runtime/Ref.h"
 
 #include <cstdint>
@@ -97,8 +97,8 @@ public:
     void _setVariableIsCaseSensitive(TCVariable& variable, bool isCaseSensitive);             // does nothing
 
     // Borrowed; never null.
-    TBFVariableListRef tbfVariableList() const { return list.get(); }
-    TBFVariableListRef combinedTBFVariableList() const { return list.get(); }
+    TBF::VariableList* tbfVariableList() const { return list.get(); }
+    TBF::VariableList* combinedTBFVariableList() const { return list.get(); }
 
 private:
     using Listed = std::unordered_multimap<std::u16string, std::shared_ptr<TCVariable>>;

@@ -15,7 +15,7 @@
 #include "analysis/passes/PromoteHighPriorityOperators.h"
 #include "analysis/passes/RecognizeImportantWords.h"
 #include "analysis/passes/RecognizeWords.h"
-#include "eval/Settings.h"
+#include "runtime/Settings.h"
 
 #include <iterator>
 #include <utility>

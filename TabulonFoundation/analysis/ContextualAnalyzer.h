@@ -6,8 +6,8 @@
 // Cheap to make; holds nothing between two analyses. One thread at a time.
 
 #include "analysis/ExpressionToken.h"
-#include "analysis/Namespace.h"
 #include "analysis/TokenizedExpression.h"
+#include "names/Namespace.h"
 
 #include <cstdint>
 #include <span>

@@ -7,7 +7,7 @@
 
 #include "analysis/TBFOperatorOptions.h"
 #include "analysis/TBFTokenTypes.h"
-#include "analysis/WordMeaning.h"
+#include "names/WordMeaning.h"
 #include "runtime/Object.h"
 #include "runtime/ObjectPool.h"
 #include "runtime/Ref.h"

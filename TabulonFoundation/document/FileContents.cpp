@@ -1,6 +1,6 @@
 #include "document/FileContents.h"
 
-#include "runtime/TBFString.h"
+#include "runtime/Unicode.h"
 
 #include <algorithm>
 #include <charconv>
@@ -171,10 +171,10 @@ void FileContents::finishLeaf() {
         settings->decimalPlaces = static_cast<uint32_t>(integerOf(leafText));
         break;
     case Leaf::decimalPoint:
-        settings->decimalPoint = TBFCharFromUTF8(leafText.c_str());
+        settings->decimalPoint = codeUnitOf(leafText);
         break;
     case Leaf::thousandsSeparator:
-        settings->thousandsSeparator = TBFCharFromUTF8(leafText.c_str());
+        settings->thousandsSeparator = codeUnitOf(leafText);
         break;
     default:
         break;

@@ -4,7 +4,7 @@
 // value into a Result. Owned and used by one thread; made by the core for each evaluation. Word operators,
 // functions and variables are borrowed: whoever sets them keeps them as long as the evaluator is used.
 
-#include "eval/TBFEvaluationError.h"
+#include "results/TBFEvaluationError.h"
 #include "runtime/Ref.h"
 
 #include <cstdint>

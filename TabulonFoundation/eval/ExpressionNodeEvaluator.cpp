@@ -1,24 +1,24 @@
 #include "eval/ExpressionNodeEvaluator.h"
 
-#include "analysis/wordoperators/CompiledWordOperator.h"
-#include "analysis/wordoperators/WordOperator.h"
-#include "eval/EvalMetadata.h"
-#include "eval/EvaluationContext.h"
-#include "eval/Settings.h"
-#include "eval/functions/Function.h"
 #include "eval/operations/BinaryOperations.h"
 #include "eval/operations/DigitBudget.h"
 #include "eval/operations/UnaryOperations.h"
-#include "eval/variables/ScopedVariable.h"
+#include "eval/wordoperators/CompiledWordOperator.h"
+#include "names/functions/Function.h"
+#include "names/variables/ScopedVariable.h"
+#include "names/wordoperators/WordOperator.h"
 #include "numbers/Number.h"
-#include "numbers/Value.h"
 #include "numbers/WorkBudget.h"
 #include "parser/ExpressionTree.h"
+#include "results/EvaluationContext.h"
+#include "runtime/Settings.h"
 #include "runtime/TBFLog.h"
+#include "units/EvalMetadata.h"
 #include "units/UnitContainer.h"
 #include "units/UnitFractionBuilder.h"
 #include "units/UnitFractionFactorizer.h"
 #include "units/UnitFractionSimplifier.h"
+#include "units/Value.h"
 
 #include <array>
 #include <utility>
@@ -238,8 +238,8 @@ EvaluatedNode ExpressionNodeEvaluator::evaluateWordOperator(const ExpressionNode
     EvaluatedNode right = children.size() > 1 ? take(*children[1]) : EvaluatedNode();
 
     EvaluatedNode result;
-    result.value =
-        node.wordOperator()->compiled()->execute(*this, context, left.value.get(), right.value.get());
+    result.value = CompiledWordOperator::of(*node.wordOperator())
+                       .execute(*this, context, left.value.get(), right.value.get());
     result.metadata = mergedMetadata(std::move(left.metadata), right.metadata, TBFOperatorTypeNone);
     return result;
 }

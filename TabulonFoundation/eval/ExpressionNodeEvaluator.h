@@ -5,11 +5,11 @@
 // costs no stack. Made for an evaluation by the evaluator; word operators evaluate their templates with the
 // same one. Belongs to one thread; takes the kernel's lock for each operation, never across the walk.
 
-#include "eval/TBFEvaluationError.h"
 #include "eval/operations/OperandCoercion.h"
 #include "numbers/MAPMContext.h"
+#include "numbers/TBFOperatorType.h"
 #include "parser/ExpressionNode.h"
-#include "parser/TBFOperatorType.h"
+#include "results/TBFEvaluationError.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 

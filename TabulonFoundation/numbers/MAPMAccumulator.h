@@ -5,7 +5,6 @@
 // step takes the kernel's lock.
 
 #include "numbers/Decimal.h"
-#include "numbers/TBFMAPMAccumulator.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 

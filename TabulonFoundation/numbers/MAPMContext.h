@@ -6,7 +6,6 @@
 // the kernel's lock.
 
 #include "numbers/Decimal.h"
-#include "numbers/TBFMAPMContext.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 

@@ -76,6 +76,14 @@ const Ref<Number>& Number::negativeInfinity() {
     return kernelConstants<Constants>().negativeInfinity;
 }
 
+void Number::makeConstants() {
+    zero();
+    one();
+    notANumber();
+    infinity();
+    negativeInfinity();
+}
+
 double Number::doubleValue() const {
     switch (numberSpecialType) {
     case TBFNumberSpecialTypeNone:

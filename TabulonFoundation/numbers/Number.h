@@ -5,11 +5,25 @@
 // the digits through the kernel holds its lock (numbers/KernelLock.h).
 
 #include "numbers/Decimal.h"
-#include "numbers/TBFNumber.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 
 #include <cstdint>
+
+// The gaps are kinds which the engine doesn't have.
+enum TBFNumberType : int32_t {
+    TBFNumberTypeNone = 0, // no number
+    TBFNumberTypeDecimal = 1,
+    TBFNumberTypePercent = 2, // stored as written: 5% holds 5
+    TBFNumberTypeSpecial = 5, // no digits, but a TBFNumberSpecialType
+};
+
+enum TBFNumberSpecialType : int32_t {
+    TBFNumberSpecialTypeNone = 0,
+    TBFNumberSpecialTypeInfinity = 1,
+    TBFNumberSpecialTypeNegativeInfinity = 2,
+    TBFNumberSpecialTypeNaN = 3,
+};
 
 namespace TBF {
 
@@ -35,6 +49,9 @@ public:
     static const Ref<Number>& notANumber();
     static const Ref<Number>& infinity();
     static const Ref<Number>& negativeInfinity();
+
+    // Makes them all now; otherwise the first use makes each.
+    static void makeConstants();
 
     TBFNumberType type() const noexcept { return numberType; }
     TBFNumberSpecialType specialType() const noexcept { return numberSpecialType; }

@@ -10,9 +10,7 @@
 
 namespace TBF {
 
-// Steps of the kernel, which takes about a nanosecond for one today: a second's work. The same line takes the
-// same number of them everywhere.
-inline constexpr int64_t standardLineBudget = 1'000'000'000;
+// The budget of a line by default is standardLineBudget (runtime/Settings.h).
 inline constexpr int64_t noBudget = INT64_MAX;
 
 class WorkBudget {

@@ -1,15 +1,15 @@
 #include "parser/ExpressionNode.h"
 
-#include "analysis/wordoperators/WordOperator.h"
-#include "eval/EvalMetadata.h"
-#include "eval/functions/Function.h"
-#include "eval/variables/ScopedVariable.h"
+#include "names/functions/Function.h"
+#include "names/variables/ScopedVariable.h"
+#include "names/wordoperators/WordOperator.h"
 #include "numbers/Number.h"
-#include "numbers/Value.h"
 #include "runtime/TBFLog.h"
 #include "units/AmbiguousUnit.h"
+#include "units/EvalMetadata.h"
 #include "units/TBFUnitTypes.h"
 #include "units/UnitContainer.h"
+#include "units/Value.h"
 
 #include <utility>
 

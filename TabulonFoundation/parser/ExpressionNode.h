@@ -6,9 +6,9 @@
 // Counts are atomic, but a tree belongs to one evaluation, and so to one thread, at a time. Trees of any
 // depth are released without recursion.
 
+#include "numbers/TBFOperatorType.h"
 #include "parser/ExpressionNodeList.h"
 #include "parser/TBFExpressionNodeType.h"
-#include "parser/TBFOperatorType.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 

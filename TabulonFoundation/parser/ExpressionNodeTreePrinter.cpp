@@ -1,8 +1,8 @@
 #include "parser/ExpressionNodeTreePrinter.h"
 
-#include "analysis/wordoperators/WordOperator.h"
-#include "eval/functions/Function.h"
-#include "eval/variables/ScopedVariable.h"
+#include "names/functions/Function.h"
+#include "names/variables/ScopedVariable.h"
+#include "names/wordoperators/WordOperator.h"
 #include "numbers/Number.h"
 #include "numbers/TBFMAPMExtensions.h"
 #include "parser/OperatorTables.h"

@@ -1,9 +1,9 @@
 #include "parser/ExpressionTreeBuilder.h"
 
 #include "analysis/ExpressionToken.h"
-#include "analysis/wordoperators/WordOperator.h"
-#include "eval/functions/Function.h"
-#include "eval/variables/ScopedVariable.h"
+#include "names/functions/Function.h"
+#include "names/variables/ScopedVariable.h"
+#include "names/wordoperators/WordOperator.h"
 #include "numbers/KernelLock.h"
 #include "numbers/Number.h"
 #include "runtime/PolyString.h"

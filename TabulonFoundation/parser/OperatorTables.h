@@ -4,7 +4,7 @@
 // operator, one for each notation and one for each precedence class. Pure functions, for any thread. A
 // value outside of the tables is logged and gives 0.
 
-#include "parser/TBFOperatorType.h"
+#include "numbers/TBFOperatorType.h"
 
 #include <cstdint>
 #include <string_view>

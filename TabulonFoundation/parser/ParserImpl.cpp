@@ -3,10 +3,10 @@
 #include "parser/ExpressionTreeBuilder.h"
 
 #include "analysis/ExpressionToken.h"
+#include "parser/UnitDisambiguator.h"
 #include "units/AmbiguousUnit.h"
 #include "units/TBFUnitTypes.h"
 #include "units/UnitContainer.h"
-#include "units/UnitDisambiguator.h"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
 #include "numbers/Decimal.h"
+#include "numbers/DecimalText.h"
 #include "numbers/KernelLock.h"
 #include "results/Result.h"
 #include "results/ResultParts.h"
-#include "results/ResultText.h"
 
 namespace TBF {
 

@@ -1,8 +1,8 @@
 #include "results/Result.h"
 
+#include "numbers/DecimalText.h"
 #include "numbers/KernelLock.h"
 #include "numbers/Number.h"
-#include "results/ResultText.h"
 #include "units/Unit.h"
 #include "units/UnitFraction.h"
 

@@ -4,12 +4,12 @@
 // was written. The evaluator makes it, the core wraps it. Fields that are made on demand are written without
 // a lock, so one thread uses a result at a time.
 
-#include "eval/TBFEvaluationError.h"
-#include "eval/UnitNameFormats.h"
 #include "numbers/Decimal.h"
+#include "results/TBFEvaluationError.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 #include "runtime/String.h"
+#include "units/UnitNameFormats.h"
 
 #include <cstdint>
 #include <optional>
@@ -64,7 +64,9 @@ public:
     UnitFraction* unitFraction() const noexcept;
     void setUnitFraction(const UnitFraction* fraction);
 
-    void setUnitNameFormats(const UnitNameFormats& formats) { nameFormats.assign(formats.begin(), formats.end()); }
+    void setUnitNameFormats(const UnitNameFormats& formats) {
+        nameFormats.assign(formats.begin(), formats.end());
+    }
     TBFUnitFormatType nameFormat(const Unit& unit) const; // 0 without an entry
 
     // Whether both read the same at the larger of the two precisions. Results without text compare by

@@ -2,9 +2,9 @@
 
 #include "numbers/BaseConverter.h"
 #include "numbers/Decimal.h"
+#include "numbers/DecimalText.h"
 #include "numbers/KernelLock.h"
 #include "results/Result.h"
-#include "results/ResultText.h"
 
 #include <algorithm>
 #include <optional>

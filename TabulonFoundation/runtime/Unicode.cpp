@@ -62,6 +62,11 @@ std::u16string utf16(std::string_view bytes) {
     return text;
 }
 
+char16_t codeUnitOf(std::string_view bytes) {
+    const std::u16string text = utf16(bytes);
+    return text.size() == 1 ? text.front() : u'\0';
+}
+
 std::string utf8(std::u16string_view text) {
     std::string bytes;
     bytes.reserve(text.size());

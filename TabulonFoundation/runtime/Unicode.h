@@ -13,6 +13,9 @@ inline constexpr char16_t replacementCharacter = 0xFFFD;
 // Decodes UTF-8. Each maximal part of a broken sequence becomes one U+FFFD, so any bytes give a text.
 std::u16string utf16(std::string_view bytes);
 
+// The one code unit that the bytes stand for; 0 for none, several or one beyond 16 bits.
+char16_t codeUnitOf(std::string_view bytes);
+
 // Encodes as UTF-8. A surrogate without its partner becomes U+FFFD.
 std::string utf8(std::u16string_view text);
 

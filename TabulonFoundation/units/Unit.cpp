@@ -1,9 +1,9 @@
 #include "units/Unit.h"
 
 #include "numbers/Decimal.h"
+#include "numbers/DecimalText.h"
 #include "numbers/KernelLock.h"
 #include "numbers/Number.h"
-#include "results/ResultText.h"
 #include "runtime/TBFLog.h"
 
 #include <cmath>

@@ -1,10 +1,27 @@
 #include "units/UnitStringFormatter.h"
 
+#include "runtime/TBFLog.h"
 #include "runtime/Unicode.h"
 #include "units/UnitContainer.h"
 #include "units/UnitFraction.h"
 
 #include <cstddef>
+
+TBFUnitNameType nameTypeForFormatTypeAndForm(TBFUnitFormatType formatType, TBFUnitStringForm form) {
+    switch (formatType) {
+    case TBFUnitFormatTypeLongName:
+        return form == TBFUnitStringFormSingular ? TBFUnitNameTypeSingular : TBFUnitNameTypePlural;
+    case TBFUnitFormatTypeVeryShortName:
+        return TBFUnitNameTypeVeryShort;
+    case TBFUnitFormatTypeSymbol:
+        return TBFUnitNameTypeSymbol;
+    case TBFUnitFormatTypeIdentifier:
+        return TBFUnitNameTypeIdentifier;
+    default:
+        TBFErrorLog("Unexpected type %d", static_cast<int>(formatType));
+        return TBFUnitNameTypeNone;
+    }
+}
 
 namespace TBF {
 

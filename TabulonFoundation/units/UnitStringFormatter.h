@@ -7,12 +7,21 @@
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 #include "runtime/String.h"
-#include "units/TBFUnitStringFormatter.h"
 #include "units/TBFUnitTypes.h"
 
 #include <array>
 #include <cstdint>
 #include <string>
+
+// What stands between numerator and denominator.
+enum TBFUnitStringConnectiveType : int32_t {
+    TBFUnitStringConnectiveTypeSlash = 0,
+    TBFUnitStringConnectiveTypePer = 1,
+    TBFUnitStringConnectiveTypeAutomatic = 2, // "per ", but "/" if a numerator unit is written short
+};
+
+// The kind of name that a format and form ask for. An unknown format is logged and gives 0.
+TBFUnitNameType nameTypeForFormatTypeAndForm(TBFUnitFormatType formatType, TBFUnitStringForm form);
 
 namespace TBF {
 

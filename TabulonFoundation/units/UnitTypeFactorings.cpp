@@ -1,6 +1,6 @@
 #include "units/UnitTypeFactorings.h"
 
-#include "eval/TBFSettings.h"
+#include "runtime/Settings.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -187,8 +187,8 @@ void UnitTypeFactorings::initialize() {
 }
 
 const Ref<UnitTypeFactorings>& UnitTypeFactorings::instance() {
-    return TBFSettingsGetBool(TBFSettingEnableExperimentalUnits) ? experimentalInstance()
-                                                                 : standardInstance();
+    return Settings::current().boolValue(TBFSettingEnableExperimentalUnits) ? experimentalInstance()
+                                                                            : standardInstance();
 }
 
 const Ref<UnitTypeFactorings>& UnitTypeFactorings::standardInstance() {

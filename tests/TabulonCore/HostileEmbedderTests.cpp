@@ -5,11 +5,11 @@
 
 #include "document/DependencyGraph.h"
 #include "environment/TCEvaluator.h"
-#include "eval/variables/Variable.h"
 #include "lines/LineCollectionTesting.h"
 #include "lines/TCLineCollectionStatistics.h"
 #include "lines/TCLineCollectionVariable.h"
 #include "lines/TCLineIndexSet.h"
+#include "names/variables/Variable.h"
 #include "results/TCResult.h"
 #include "runtime/String.h"
 #include "runtime/TBFLog.h"
@@ -162,7 +162,7 @@ TEST_P(HostileEmbedder, OfListsOfVariables) {
                 });
             },
             [&] { variable([&](auto& one) { one.changeName(host.name()); }); },
-            [&] { variable([&](auto& one) { TBFVariableSetName(one.tbfVariable(), nullptr); }); },
+            [&] { variable([&](auto& one) { one.tbfVariable()->setName(nullptr); }); },
             [&] { variable([&](auto& one) { one.addAlias(host.name()); }); },
             [&] { variable([&](auto& one) { one.setEnabled(host.coin()); }); },
             [&] { variable([&](auto& one) { one.setValue(host.name()); }); },

@@ -1,7 +1,7 @@
 #include "analysis/passes/CheckOperatorArguments.h"
 
 #include "analysis/passes/NodeRoles.h"
-#include "analysis/wordoperators/WordOperator.h"
+#include "names/wordoperators/WordOperator.h"
 
 #include <cstddef>
 
@@ -60,8 +60,8 @@ private:
         if (demands.argumentConditions == 0) return true;
         const EPExpressionTreeNode* const left = findLeft(demands);
         const Found right = findRight(demands, index);
-        bool leftOk = demands.argumentType == TBFOperatorNotationValuePrefix;
-        bool rightOk = demands.argumentType == TBFOperatorNotationValuePostfix;
+        bool leftOk = demands.argumentType == TBFOperatorNotationPrefix;
+        bool rightOk = demands.argumentType == TBFOperatorNotationPostfix;
         if (demands.argumentConditions & TBFArgumentConditionValue) {
             leftOk |= left && isOperandLike(*left);
             rightOk |= right.endIsOperand || (right.node && isOperandLike(*right.node));

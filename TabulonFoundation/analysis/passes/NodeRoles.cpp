@@ -1,6 +1,6 @@
 #include "analysis/passes/NodeRoles.h"
 
-#include "analysis/wordoperators/WordOperator.h"
+#include "names/wordoperators/WordOperator.h"
 #include "units/AmbiguousUnit.h"
 #include "units/UnitContainer.h"
 
@@ -10,7 +10,7 @@ namespace TBF {
 
 namespace {
 
-bool isWordOperator(const EPExpressionTreeNode& node, TBFOperatorNotationValue notation) {
+bool isWordOperator(const EPExpressionTreeNode& node, TBFOperatorNotation notation) {
     if (!node.isOperator(TBFTokenSubTypeWordOperator)) return false;
     const WordOperator* const op = node.meaning().wordOperator.get();
     return op && op->argumentType() == notation;
@@ -28,11 +28,11 @@ bool isOperandLike(const EPExpressionTreeNode& node) {
 }
 
 bool isPostfixWordOperator(const EPExpressionTreeNode& node) {
-    return isWordOperator(node, TBFOperatorNotationValuePostfix);
+    return isWordOperator(node, TBFOperatorNotationPostfix);
 }
 
 bool isPrefixWordOperator(const EPExpressionTreeNode& node) {
-    return isWordOperator(node, TBFOperatorNotationValuePrefix);
+    return isWordOperator(node, TBFOperatorNotationPrefix);
 }
 
 bool canBePrefixUnit(const EPExpressionTreeNode& node) {

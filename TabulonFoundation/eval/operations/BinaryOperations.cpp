@@ -6,9 +6,9 @@
 #include "numbers/KernelLock.h"
 #include "numbers/MAPMContext.h"
 #include "numbers/TBFMAPMExtensions.h"
-#include "numbers/Value.h"
 #include "runtime/TBFLog.h"
 #include "units/UnitFractionBuilder.h"
+#include "units/Value.h"
 
 #include <utility>
 

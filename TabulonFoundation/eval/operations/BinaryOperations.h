@@ -4,9 +4,9 @@
 // for special numbers decide first, and then compute with the digits. They give null when there is no value,
 // and `error`, which starts at none, tells why if it was an error. One thread for each evaluator.
 
-#include "eval/TBFEvaluationError.h"
 #include "eval/operations/OperandCoercion.h"
-#include "parser/TBFOperatorType.h"
+#include "numbers/TBFOperatorType.h"
+#include "results/TBFEvaluationError.h"
 #include "runtime/Ref.h"
 
 namespace TBF {

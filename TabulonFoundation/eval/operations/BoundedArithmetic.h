@@ -5,9 +5,9 @@
 // they are, so that a formula of several steps checks at its end. Made for one operation; the caller holds
 // the kernel's lock throughout. A result may not be one of its operands.
 
-#include "eval/TBFEvaluationError.h"
 #include "m_apm.h"
 #include "numbers/MAPMContext.h"
+#include "results/TBFEvaluationError.h"
 
 #include <cstdint>
 

@@ -1,13 +1,13 @@
 #include "eval/operations/OperandCoercion.h"
 
-#include "eval/Settings.h"
 #include "eval/operations/BoundedArithmetic.h"
 #include "numbers/KernelLock.h"
 #include "numbers/MAPMContext.h"
-#include "numbers/Value.h"
+#include "runtime/Settings.h"
 #include "runtime/TBFLog.h"
 #include "units/UnitFractionBuilder.h"
 #include "units/UnitFractionSimplifier.h"
+#include "units/Value.h"
 
 #include <utility>
 

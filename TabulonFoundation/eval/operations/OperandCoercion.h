@@ -4,9 +4,9 @@
 // and quotients combine both sides' units, and a plain number takes the other side as it is. Conversion
 // between units stands here too. One thread for each evaluator.
 
-#include "eval/TBFEvaluationError.h"
 #include "numbers/Number.h"
-#include "parser/TBFOperatorType.h"
+#include "numbers/TBFOperatorType.h"
+#include "results/TBFEvaluationError.h"
 #include "runtime/Ref.h"
 #include "units/UnitFraction.h"
 

@@ -5,8 +5,8 @@
 // themselves.
 
 #include "eval/operations/BoundedArithmetic.h"
-#include "numbers/TBFNumber.h"
-#include "parser/TBFOperatorType.h"
+#include "numbers/Number.h"
+#include "numbers/TBFOperatorType.h"
 
 namespace TBF {
 

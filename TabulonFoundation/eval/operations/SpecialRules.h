@@ -4,7 +4,7 @@
 // a sum over lines passes those without an answer.
 
 #include "numbers/Number.h"
-#include "parser/TBFOperatorType.h"
+#include "numbers/TBFOperatorType.h"
 #include "runtime/Ref.h"
 
 namespace TBF {

@@ -4,7 +4,7 @@
 #include "eval/operations/SpecialRules.h"
 #include "numbers/KernelLock.h"
 #include "numbers/MAPMContext.h"
-#include "numbers/Value.h"
+#include "units/Value.h"
 
 #include <utility>
 

@@ -3,8 +3,8 @@
 // The operators that take one value. They keep its unit. They give null when there is no value, and
 // `error`, which starts at none, tells why. One thread for each evaluator.
 
-#include "eval/TBFEvaluationError.h"
 #include "eval/operations/OperandCoercion.h"
+#include "results/TBFEvaluationError.h"
 #include "runtime/Ref.h"
 
 namespace TBF {

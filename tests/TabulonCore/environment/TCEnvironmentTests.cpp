@@ -2,7 +2,7 @@
 
 #include "environment/TCSettings.h"
 #include "environment/TCTrigonometryMode.h"
-#include "eval/TBFSettings.h"
+#include "runtime/Settings.h"
 
 #include <gtest/gtest.h>
 
@@ -45,7 +45,7 @@ TEST(TCSettingsDeathTest, ReadingsCanBeTurnedOff) {
             const auto settings = TCSettings::make();
             settings->setReadings(false);
             settings->set();
-            std::exit(TBFSettingsGetBool(TBFSettingReadings) ? 1 : 0);
+            std::exit(TBF::Settings::current().boolValue(TBFSettingReadings) ? 1 : 0);
         },
         testing::ExitedWithCode(0), "");
 }

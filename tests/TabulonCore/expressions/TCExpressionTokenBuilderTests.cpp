@@ -3,12 +3,12 @@
 #include "analysis/ContextualAnalyzer.h"
 #include "analysis/Expression.h"
 #include "analysis/ExpressionTokenizer.h"
-#include "analysis/wordoperators/WordOperatorList.h"
 #include "environment/TCEvaluator.h"
 #include "environment/TCFunctionList.h"
-#include "eval/functions/FunctionList.h"
-#include "eval/variables/VariableList.h"
 #include "expressions/TCExpression.h"
+#include "names/functions/FunctionList.h"
+#include "names/variables/VariableList.h"
+#include "names/wordoperators/WordOperatorList.h"
 #include "units/UnitCollection.h"
 
 #include <gtest/gtest.h>

@@ -5,6 +5,7 @@
 #include "expressions/TCExpression.h"
 #include "numbers/WorkBudget.h"
 #include "results/TCResult.h"
+#include "runtime/Settings.h"
 
 #include <gmock/gmock.h>
 

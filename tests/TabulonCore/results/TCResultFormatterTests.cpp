@@ -263,9 +263,9 @@ TEST(TCResult, KindsAndErrors) {
         {TBFEvaluationErrorNone, 0, TCErrorTypeNone},
     };
     for (const auto& row : rows) {
-        const auto foundation = TBF::adopt(TBFResultCreate());
-        TBFResultSetEvaluationError(foundation.get(), row.error);
-        TBFResultSetErrorCode(foundation.get(), row.code);
+        const auto foundation = TBF::Result::create();
+        foundation->setEvaluationError(row.error);
+        foundation->setErrorCode(row.code);
         const auto wrapped = TCResult::resultWithContentsOfTBFResult(foundation);
         EXPECT_EQ(wrapped->errorType(), row.expected) << row.error << " " << row.code;
         EXPECT_EQ(wrapped->resultType(), row.expected ? TCResultTypeError : TCResultTypeEmpty);
@@ -280,7 +280,8 @@ TEST(TCResultFormatter, ABaseThatThereIsNoTextInIsTen) {
     for (const int32_t base : {0, 7, -2, 258, 272, 10}) {
         Options options;
         options.setDisplayBase(base);
-        EXPECT_EQ(TCResultFormatter::sharedInstance().stringValueForResult(result("19").get(), options), u"19")
+        EXPECT_EQ(TCResultFormatter::sharedInstance().stringValueForResult(result("19").get(), options),
+                  u"19")
             << base;
     }
 }

@@ -1,7 +1,7 @@
 #include "variables/TCVariable.h"
 
-#include "eval/variables/Variable.h"
 #include "lines/LineCollectionTesting.h"
+#include "names/variables/Variable.h"
 #include "results/TCResult.h"
 #include "units/UnitContainer.h"
 #include "variables/TCVariableList.h"

@@ -6,7 +6,7 @@
 // and _not (prefix).
 
 #include "analysis/ExpressionToken.h"
-#include "analysis/Namespace.h"
+#include "names/Namespace.h"
 
 #include <cstddef>
 #include <string>

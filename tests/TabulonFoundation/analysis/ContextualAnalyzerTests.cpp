@@ -1,9 +1,9 @@
 #include "analysis/ContextualAnalyzer.h"
 
 #include "analysis/AnalysisVocabulary.h"
-#include "analysis/TBFContextualAnalyzer.h"
-#include "analysis/TBFTokenizedExpression.h"
+#include "analysis/ContextualAnalyzer.h"
 #include "analysis/TokenDump.h"
+#include "analysis/TokenizedExpression.h"
 #include "units/TBFUnitTypes.h"
 
 #include <gtest/gtest.h>
@@ -73,15 +73,10 @@ TEST(ContextualAnalyzer, aJoinedTokenSpansItsGapsAndKnowsItsUnit) {
 }
 
 TEST(ContextualAnalyzer, withoutANamespaceWordsAreWords) {
-    const auto analyzer = TBF::adopt(TBFContextualAnalyzerCreate());
+    const auto analyzer = TBF::ContextualAnalyzer::create();
     const auto expression = TBF::TokenizedExpression::create(tokensOf("5 km + 3!"));
-    TBF::ExpressionTokenList tokens;
-    for (const auto token :
-         TBFContextualAnalyzerAnalyzeTokenizedExpression(analyzer.get(), expression.get(), 0)) {
-        tokens.push_back(TBF::adopt(token));
-    }
+    const TBF::ExpressionTokenList tokens = analyzer->analyze(*expression, 0);
     EXPECT_EQ(dump(tokens), "Num(5) Word(km) Op(+) Num(3) Fact(!)");
-    EXPECT_TRUE(TBFContextualAnalyzerAnalyzeTokenizedExpression(nullptr, expression.get(), 0).empty());
 }
 
 // Deep and long lines, each of which takes seconds or overflows if a step is recursive or quadratic.

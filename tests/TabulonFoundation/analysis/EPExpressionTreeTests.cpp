@@ -2,7 +2,6 @@
 
 #include "analysis/AnalysisVocabulary.h"
 #include "analysis/BasicToken.h"
-#include "analysis/TBFEPExpressionTree.h"
 
 #include <gtest/gtest.h>
 
@@ -47,7 +46,7 @@ TEST(EPExpressionTreeNode, typesAreCopiedOnlyToNodesWithoutTokens) {
 TEST(EPExpressionTreeNode, aRunOfChildrenIsReplacedByOne) {
     const auto node = joined("1+2+3");
     const auto three = node->children()[4];
-    TBFExpressionTreeNodeReplaceChildNodes(node.get(), {1, 2}, EPExpressionTreeNode::create().get());
+    node->replaceChildren({1, 2}, EPExpressionTreeNode::create());
     EXPECT_EQ(node->children().size(), 4u);
     EXPECT_EQ(node->indexOfChild(three.get()), 3);
     node->replaceChildren({2, TBFRangeLengthMax}, nullptr);
@@ -63,16 +62,6 @@ TEST(EPExpressionTreeNode, depthCostsNoStack) {
     EXPECT_EQ(node->text(), u"5");
     node.reset();
     EXPECT_TRUE(leaf->isUnique());
-}
-
-TEST(EPExpressionTreeNode, theFaceToleratesNull) {
-    EXPECT_EQ(TBFExpressionTreeNodeGetTokenType(nullptr), TBFTokenTypeNone);
-    EXPECT_EQ(TBFExpressionTreeNodeGetRange(nullptr), TBFRangeZero);
-    EXPECT_TRUE(TBFExpressionTreeNodeGetChildren(nullptr).empty());
-    TBFExpressionTreeNodeSetTokenType(nullptr, TBFTokenTypeWord);
-    const auto tree = TBF::adopt(TBFEPExpressionTreeCreate());
-    EXPECT_EQ(TBFExpressionTreeNodeGetTokenType(TBFEPExpressionTreeGetRootNode(tree.get())),
-              TBFTokenTypeGroup);
 }
 
 } // namespace TBFTests

@@ -1,7 +1,5 @@
-#include "analysis/TokenText.h"
 #include "analysis/ExpressionScannerImpl.h"
-#include "analysis/TBFBasicToken.h"
-#include "analysis/TBFExpressionScanner.h"
+#include "analysis/TokenText.h"
 
 #include <gtest/gtest.h>
 
@@ -125,25 +123,13 @@ TEST(ExpressionScanner, coversEveryTextEndToEnd) {
 
 TEST(BasicToken, knowsItsPlaceAndItsText) {
     const auto expression = TBF::Expression::create(u"12 km");
-    const auto tokens =
-        TBFExpressionScannerScanExpression(TBF::ExpressionScanner::create().get(), expression.get());
+    const auto tokens = TBF::ExpressionScanner::create()->scan(expression.get());
     ASSERT_EQ(tokens.size(), 3u);
-    EXPECT_TRUE(TBFBasicTokenIsFirstToken(tokens[0].get()));
-    EXPECT_FALSE(TBFBasicTokenIsLastToken(tokens[0].get()));
-    EXPECT_TRUE(TBFBasicTokenIsLastToken(tokens[2].get()));
-    EXPECT_EQ(TBFBasicTokenGetFirstCharacter(tokens[2].get()), u'k');
-    EXPECT_EQ(TBFStringGetCppString(TBFBasicTokenGetStringReference(tokens[2].get())), "km");
-    EXPECT_EQ(TBFBasicTokenGetStringReference(tokens[2].get()),
-              TBFBasicTokenGetStringReference(tokens[2].get()));
-}
-
-TEST(BasicToken, nullIsHarmless) {
-    EXPECT_EQ(TBFBasicTokenGetType(nullptr), TBFBasicTokenTypeNone);
-    EXPECT_EQ(TBFBasicTokenGetFirstCharacter(nullptr), TBFCharNULL);
-    EXPECT_EQ(TBFBasicTokenGetStringReference(nullptr), nullptr);
-    EXPECT_FALSE(TBFBasicTokenIsFirstToken(nullptr));
-    TBFBasicTokenRelease(TBFBasicTokenRetain(nullptr));
-    EXPECT_TRUE(TBFExpressionScannerScanExpression(nullptr, nullptr).empty());
+    EXPECT_TRUE(tokens[0]->isFirstToken());
+    EXPECT_FALSE(tokens[0]->isLastToken());
+    EXPECT_TRUE(tokens[2]->isLastToken());
+    EXPECT_TRUE(tokens[2]->view() == u"km");
+    EXPECT_EQ(tokens[2]->string(), tokens[2]->string());
     EXPECT_TRUE(TBF::ExpressionScanner::create()->scan(TBF::Expression::create(nullptr).get()).empty());
 }
 

@@ -1,7 +1,6 @@
-#include "analysis/TokenText.h"
+#include "analysis/ExpressionToken.h"
 #include "analysis/ExpressionTokenizer.h"
-#include "analysis/TBFExpressionToken.h"
-#include "analysis/TBFExpressionTokenizer.h"
+#include "analysis/TokenText.h"
 
 #include <gtest/gtest.h>
 
@@ -66,11 +65,11 @@ TEST(ExpressionTokenizer, aCommentCoversItsPlaceInTheText) {
     const auto list = TBF::ExpressionTokenizer::create(kTBFLocaleDefault)->tokenize(expression.get());
     ASSERT_EQ(list->tokens().size(), 5u);
     TBF::ExpressionToken* const comment = list->tokens()[2].get();
-    EXPECT_EQ(TBFExpressionTokenGetType(comment), TBFTokenTypeComment);
-    EXPECT_EQ(TBFExpressionTokenGetRange(comment), (TBFRange{2, 5}));
-    EXPECT_EQ(TBFExpressionTokenGetBasicTokenCount(comment), 5);
-    EXPECT_EQ(TBFStringGetCppString(TBFExpressionTokenGetStringReference(comment)), "\"b c\"");
-    EXPECT_EQ(TBFExpressionTokenGetFirstCharacter(comment), u'"');
+    EXPECT_EQ(comment->type(), TBFTokenTypeComment);
+    EXPECT_EQ(comment->range(), (TBFRange{2, 5}));
+    EXPECT_EQ(comment->basicTokens().size(), 5u);
+    EXPECT_TRUE(comment->view() == u"\"b c\"");
+    EXPECT_EQ(comment->firstCharacter(), u'"');
 }
 
 // Quotes and colons that each begin or end something must not make the walk go over the text again.
@@ -88,7 +87,7 @@ TEST(ExpressionTokenizer, takesLongLines) {
 std::string decimalString(std::u16string_view text, TBFLocale locale) {
     const auto expression = TBF::Expression::create(text);
     const auto list = TBF::ExpressionTokenizer::create(locale)->tokenize(expression.get());
-    return TBFStringGetCppString(TBFExpressionTokenGetDecimalStringReference(list->tokens().front().get()));
+    return list->tokens().front()->decimalText();
 }
 
 TEST(ExpressionToken, decimalStringHasNoTraceOfLocaleOrPrefix) {
@@ -104,10 +103,10 @@ TEST(ExpressionToken, aNumberJoinedOverSpacesReadsAsOne) {
     const auto expression = TBF::Expression::create(u"1 000");
     const auto basicTokens = TBF::ExpressionScanner::create()->scan(expression.get());
     const std::vector<TBF::Ref<TBF::BasicToken>> joined(basicTokens.begin(), basicTokens.end());
-    const auto token = TBF::adopt(TBFExpressionTokenCreateWithBasicTokenVector(joined));
+    const auto token = TBF::ExpressionToken::create(joined);
     EXPECT_EQ(token->type(), TBFTokenTypeNumber);
     EXPECT_EQ(token->range(), (TBFRange{0, 5}));
-    EXPECT_EQ(TBFStringGetCppString(TBFExpressionTokenGetDecimalStringReference(token.get())), "1000");
+    EXPECT_EQ(token->decimalText(), "1000");
 }
 
 TEST(ExpressionToken, aTokenOfATextHasNoPlace) {
@@ -118,7 +117,6 @@ TEST(ExpressionToken, aTokenOfATextHasNoPlace) {
     EXPECT_EQ(token->firstCharacter(), TBFCharNULL);
     EXPECT_TRUE(token->basicTokens().empty());
     EXPECT_EQ(token->expression(), nullptr);
-    EXPECT_EQ(TBFStringGetCppString(TBFExpressionTokenGetStringReference(token.get())), "per");
     EXPECT_TRUE(token->view() == u"per");
 }
 
@@ -128,16 +126,6 @@ TEST(ExpressionToken, actualSubTypeIsTheSubTypeUntilSet) {
     token->setActualSubType(TBFTokenSubTypeWordOperator);
     EXPECT_EQ(token->actualSubType(), TBFTokenSubTypeWordOperator);
     EXPECT_EQ(token->subType(), TBFTokenSubTypeDivide);
-}
-
-TEST(ExpressionToken, nullIsHarmless) {
-    EXPECT_EQ(TBFExpressionTokenCreateWithBasicToken(nullptr), nullptr);
-    EXPECT_EQ(TBFExpressionTokenCreateWithBasicTokenVector({}), nullptr);
-    EXPECT_TRUE(TBFExpressionTokenGetBasicTokens(nullptr).empty());
-    EXPECT_EQ(TBFExpressionTokenGetActualSubType(nullptr), TBFTokenSubTypeNone);
-    EXPECT_EQ(TBFExpressionTokenGetDecimalStringReference(nullptr), nullptr);
-    TBFExpressionTokenSetUnitFraction(nullptr, nullptr);
-    EXPECT_EQ(TBFExpressionTokenizerTokenize(nullptr, nullptr), nullptr);
 }
 
 TEST(TokenTypes, basicTypesOutOfRangeLeaveTheOutputsAlone) {

@@ -1,4 +1,4 @@
-#include "analysis/TBFRagelMatcher.h"
+#include "analysis/RagelMatcher.h"
 
 #include <gtest/gtest.h>
 
@@ -52,12 +52,12 @@ TEST(RagelMatcher, findsRatesAndConversionTargets) {
         const char* matches;
     } rows[] = {
         {"", ""},
-        {"NwUDA", "1@3"},         // 5 km/h
-        {"NwUwCwADA", "1@7"},     // 5 km in m/s
-        {"NwUwCwNwDwN", "2@4"},   // 5 km in 3 * 2
-        {"NwxwNwDwN", ""},        // 5 + 3 / 2
+        {"NwUDA", "1@3"},          // 5 km/h
+        {"NwUwCwADA", "1@7"},      // 5 km in m/s
+        {"NwUwCwNwDwN", "2@4"},    // 5 km in 3 * 2
+        {"NwxwNwDwN", ""},         // 5 + 3 / 2
         {"NwUwDwNwUwDwA", "1@10"}, // 2 km / 3 m / s
-        {"ADADA", "1@1"},         // m / s / s: the right-hand unit isn't a left side again
+        {"ADADA", "1@1"},          // m / s / s: the right-hand unit isn't a left side again
         {"ADADADA", "1@1 1@5"},
         {"CCNDN", "2@1"},
         {"CUDN", "2@0"},
@@ -124,24 +124,6 @@ TEST(RagelMatcher, acceptsTheLanguageOfItsPatterns) {
             nodes += letters[random() % letters.size()];
         ASSERT_EQ(matches(nodes), matchesByTrying(nodes)) << nodes;
     }
-}
-
-TEST(RagelMatcher, tellsTheFaceWhereTheMatchLies) {
-    const std::vector<RagelToken> tokens = {tokenOf('x'), tokenOf('C'), tokenOf('N'), tokenOf('D'),
-                                            tokenOf('N')};
-    const auto matcher = TBF::adopt(TBFStandardRagelMatchersCreateHighPriorityOperators());
-    const RagelToken* begin = nullptr;
-    const RagelToken* end = nullptr;
-    const RagelToken* op = nullptr;
-    int32_t kind = 0;
-    const RagelToken* const first = tokens.data();
-    ASSERT_TRUE(
-        TBFRagelMatcherFindNextMatch(matcher.get(), first, first + tokens.size(), &begin, &end, &kind, &op));
-    EXPECT_EQ(begin - first, 1);
-    EXPECT_EQ(end - first, 5);
-    EXPECT_EQ(op - first, 1);
-    EXPECT_EQ(kind, 2);
-    EXPECT_FALSE(TBFRagelMatcherFindNextMatch(matcher.get(), begin + 1, end, &begin, &end, &kind, &op));
 }
 
 TEST(RagelMatcher, walksManyMatchesInOnePass) {

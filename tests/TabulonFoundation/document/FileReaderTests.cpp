@@ -1,6 +1,5 @@
 #include "document/FileReader.h"
 #include "document/FileWriter.h"
-#include "document/TBFFileReader.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -112,15 +111,14 @@ TEST(FileReader, aDocumentMayBeEmpty) {
     ReadDocument read("");
     EXPECT_EQ(read->info(), nullptr);
     EXPECT_EQ(read->lines(), nullptr);
-    EXPECT_EQ(TBFFileSettingsNodeGetTrigonometryMode(read->settings()), 1u);
-    EXPECT_EQ(TBFFileLinesNodeGetFileLineNumber(nullptr, 0), 0xFFFFFFFF);
+    EXPECT_EQ(read->settings(), nullptr);
 }
 
 TEST(FileReader, numbersTheLinesWhenAsked) {
     const std::string sections = "<lines>\n<line>\n<expression>1</expression></line></lines>";
     ReadDocument without(sections);
     EXPECT_EQ(without.line(0).fileLineNumber, 0u);
-    TBFFileReaderInit();
+    TBF::FileReader::enableLineNumbers();
     ReadDocument with(sections);
     EXPECT_EQ(with.line(0).fileLineNumber, 4u); // where the text behind the start of the element ends
 }
@@ -169,11 +167,9 @@ TEST(FileReader, refusesWhatIsNoFile) {
     EXPECT_FALSE(folder.readFile());
     EXPECT_EQ(folder.error(), TBF::FileReaderErrorCannotRead);
     EXPECT_THAT(folder.failureSentence(), HasSubstr("is a folder"));
-    int32_t error = 0;
-    const TBFFileReaderRef reader = TBFFileReaderCreate("/dev/zero");
-    EXPECT_FALSE(TBFFileReaderReadFile(reader, &error));
-    EXPECT_EQ(error, TBF::FileReaderErrorWrongFormat);
-    TBFFileReaderFree(reader);
+    TBF::FileReader endless("/dev/zero");
+    EXPECT_FALSE(endless.readFile());
+    EXPECT_EQ(endless.error(), TBF::FileReaderErrorWrongFormat);
 }
 
 std::string repeated(const std::string& text, int count) {

@@ -1,6 +1,5 @@
 #include "document/FileReader.h"
 #include "document/FileWriter.h"
-#include "document/TBFFileWriter.h"
 #include "files/AtomicFile.h"
 
 #include <gmock/gmock.h>

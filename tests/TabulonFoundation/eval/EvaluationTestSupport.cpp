@@ -1,8 +1,8 @@
 #include "eval/EvaluationTestSupport.h"
 
-#include "eval/Settings.h"
-#include "eval/TBFoundation.h"
+#include "eval/Foundation.h"
 #include "numbers/TBFMAPMExtensions.h"
+#include "runtime/Settings.h"
 #include "units/Unit.h"
 #include "units/UnitContainer.h"
 #include "units/UnitFraction.h"
@@ -85,7 +85,7 @@ std::string joined(const std::vector<Unit*>& units) {
 
 void startFoundation() {
     static const bool started = [] {
-        TBFoundationInit(Settings::create().get());
+        TBF::startFoundation(Settings::create());
         return true;
     }();
     (void)started;

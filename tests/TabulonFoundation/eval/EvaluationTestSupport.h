@@ -4,10 +4,10 @@
 
 #include "eval/ExpressionNodeEvaluator.h"
 #include "numbers/Number.h"
-#include "numbers/Value.h"
 #include "runtime/Ref.h"
 #include "runtime/TBFLog.h"
 #include "units/UnitCollection.h"
+#include "units/Value.h"
 
 #include <string>
 #include <string_view>

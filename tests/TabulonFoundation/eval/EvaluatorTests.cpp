@@ -4,15 +4,15 @@
 #include "analysis/Expression.h"
 #include "analysis/ExpressionToken.h"
 #include "analysis/ExpressionTokenizer.h"
-#include "analysis/Namespace.h"
 #include "analysis/TokenizedExpression.h"
-#include "analysis/wordoperators/WordOperatorList.h"
-#include "eval/EvaluationContext.h"
 #include "eval/EvaluationTestSupport.h"
-#include "eval/TBFEvaluator.h"
-#include "eval/functions/FunctionList.h"
-#include "eval/variables/VariableList.h"
+#include "eval/Evaluator.h"
+#include "names/Namespace.h"
+#include "names/functions/FunctionList.h"
+#include "names/variables/VariableList.h"
+#include "names/wordoperators/WordOperatorList.h"
 #include "numbers/Number.h"
+#include "results/EvaluationContext.h"
 #include "results/Result.h"
 #include "runtime/Array.h"
 #include "runtime/String.h"
@@ -118,14 +118,14 @@ TEST(TBFErrorContainsErrorMask, ComparesWithinTheMask) {
 
 TEST(Evaluator, AHostReadsTheTreeOfTheLastEvaluation) {
     evaltest::startFoundation();
-    const TBFEvaluatorRef evaluator = TBFEvaluatorCreate(&evaltest::units());
+    Evaluator evaluator(&evaltest::units());
     const Ref<String> text = String::create(u"2 + 3 * 4");
-    EXPECT_EQ(TBFEvaluatorGetDebugInfo(evaluator), nullptr);
-    TBFEvaluatorSetDebugEnabled(evaluator, true);
-    EXPECT_NE(adopt(TBFEvaluatorEvaluateString(evaluator, text.get())), nullptr);
-    EXPECT_STREQ(TBFEvaluatorDebugInfoGetTreeString(TBFEvaluatorGetDebugInfo(evaluator)), "(2+(3*4))");
-    EXPECT_EQ(adopt(TBFEvaluatorEvaluateString(evaluator, String::create(u"").get())), nullptr);
-    EXPECT_STREQ(TBFEvaluatorDebugInfoGetTreeString(TBFEvaluatorGetDebugInfo(evaluator)), "");
+    EXPECT_EQ(evaluator.debugInfo(), nullptr);
+    evaluator.setDebugEnabled(true);
+    EXPECT_NE(evaluator.evaluate(*text), nullptr);
+    EXPECT_EQ(evaluator.debugInfo()->treeString, "(2+(3*4))");
+    EXPECT_EQ(evaluator.evaluate(*String::create(u"")), nullptr);
+    EXPECT_EQ(evaluator.debugInfo()->treeString, "");
 
     // Tokens from an array, as a host has them.
     const auto analyzer = ContextualAnalyzer::create();
@@ -137,13 +137,8 @@ TEST(Evaluator, AHostReadsTheTreeOfTheLastEvaluation) {
     array->append(nullptr);
     for (const Ref<ExpressionToken>& token : tokens)
         array->append(token.get());
-    EXPECT_EQ(shown(adopt(TBFEvaluatorEvaluateExpressionTokensInScope(evaluator, array.get(), 0)).get()),
-              "14");
-    EXPECT_EQ(shown(adopt(TBFEvaluatorEvaluateExpressionTokensInScope(evaluator,
-                                                                      static_cast<const Array*>(nullptr), 0))
-                        .get()),
-              "nothing");
-    TBFEvaluatorFree(evaluator);
+    EXPECT_EQ(shown(evaluator.evaluate(*array).get()), "14");
+    EXPECT_EQ(shown(evaluator.evaluate(*Array::create()).get()), "nothing");
 }
 
 } // namespace

@@ -1,5 +1,4 @@
 #include "numbers/BaseConverter.h"
-#include "numbers/TBFBaseConverter.h"
 #include "runtime/String.h"
 #include "runtime/TBFLog.h"
 
@@ -33,9 +32,8 @@ TEST(BaseConverter, readsPrefixedLiterals) {
     for (const auto& row : rows)
         EXPECT_EQ(BaseConverter::prefixedToDecimal(row.literal), row.decimal) << row.literal;
     EXPECT_EQ(BaseConverter::prefixedToDecimal("0X1"), std::nullopt);
-    EXPECT_TRUE(TBFBaseConverterIs2CharPrefixedString("0b1"));
-    EXPECT_FALSE(TBFBaseConverterIs2CharPrefixedString("0B1"));
-    EXPECT_EQ(TBFBaseConverter2CharPrefixToDecimal(nullptr), nullptr);
+    EXPECT_TRUE(BaseConverter::isPrefixed("0b1"));
+    EXPECT_FALSE(BaseConverter::isPrefixed("0B1"));
 }
 
 TEST(BaseConverter, writesTheWholePartWithSignAndPrefix) {
@@ -54,9 +52,6 @@ TEST(BaseConverter, writesTheWholePartWithSignAndPrefix) {
     for (const auto& row : rows) {
         EXPECT_EQ(BaseConverter::fromDecimal(row.decimal, row.base, row.prefix), row.text) << row.decimal;
     }
-    char* const text = TBFBaseConverterConvertFromDecimal("255", 16, true);
-    EXPECT_STREQ(text, "0xFF");
-    std::free(text);
 }
 
 TEST(BaseConverter, refusesOtherBasesAndLongTexts) {

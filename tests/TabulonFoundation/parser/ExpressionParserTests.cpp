@@ -2,9 +2,9 @@
 
 #include "analysis/Expression.h"
 #include "analysis/Token.h"
-#include "analysis/wordoperators/WordOperatorList.h"
-#include "eval/functions/FunctionList.h"
-#include "eval/variables/VariableList.h"
+#include "names/functions/FunctionList.h"
+#include "names/variables/VariableList.h"
+#include "names/wordoperators/WordOperatorList.h"
 #include "parser/ExpressionNodeTreePrinter.h"
 #include "parser/ParsedExpression.h"
 #include "units/UnitCollection.h"

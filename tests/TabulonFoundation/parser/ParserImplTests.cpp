@@ -1,8 +1,8 @@
 #include "parser/TokenNotation.h"
 
 #include "parser/OperatorTables.h"
+#include "parser/Parser.h"
 #include "parser/ParserImpl.h"
-#include "parser/TBFParser.h"
 #include "runtime/TBFLog.h"
 
 #include <gtest/gtest.h>
@@ -201,24 +201,6 @@ TEST(ParserImpl, spellings_of_one_grouping_give_one_tree) {
     }
 }
 
-TEST(ParserImpl, the_error_is_reported_for_each_parse) {
-    const auto good = tokensInNotation("1 + 2");
-    const auto bad = tokensInNotation("1 + * 2");
-    TBFParserRef const parser = TBFParserCreate();
-    EXPECT_EQ(TBFParserCreateExpressionTreeByParsingExpressionTokens(parser, bad), nullptr);
-    EXPECT_EQ(TBFParserGetError(parser), TBFParserErrorMisplacedOperator);
-    TBFExpressionTreeRef const tree = TBFParserCreateExpressionTreeByParsingExpressionTokens(parser, good);
-    EXPECT_NE(tree, nullptr);
-    EXPECT_EQ(TBFParserGetError(parser), TBFParserErrorNone);
-    TBFExpressionTreeRelease(tree);
-    TBFParserRelease(parser);
-
-    EXPECT_EQ(TBFParserCreateExpressionTreeByParsingExpressionTokens(nullptr, good), nullptr);
-    int32_t error = 7;
-    EXPECT_EQ(TBFParserImplParse({}, &error), nullptr);
-    EXPECT_EQ(error, TBFParserErrorNone);
-}
-
 // Every way to nest, far deeper than the stack would bear.
 TEST(ParserImpl, nesting_is_not_bound_by_the_stack) {
     constexpr int depth = 100'000;
@@ -249,6 +231,18 @@ TEST(ParserImpl, nesting_is_not_bound_by_the_stack) {
         ASSERT_TRUE(result.tree) << piece;
         EXPECT_GT(result.tree->nodes().size(), static_cast<std::size_t>(depth)) << piece;
     }
+}
+
+TEST(Parser, the_error_is_reported_for_each_parse) {
+    const auto good = tokensInNotation("1 + 2");
+    const auto bad = tokensInNotation("1 + * 2");
+    const auto parser = TBF::Parser::create();
+    EXPECT_EQ(parser->parse(bad), nullptr);
+    EXPECT_EQ(parser->error(), TBFParserErrorMisplacedOperator);
+    EXPECT_NE(parser->parse(good), nullptr);
+    EXPECT_EQ(parser->error(), TBFParserErrorNone);
+    EXPECT_EQ(parser->parse({}), nullptr);
+    EXPECT_EQ(parser->error(), TBFParserErrorNone);
 }
 
 } // namespace

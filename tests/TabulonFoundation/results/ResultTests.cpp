@@ -1,8 +1,8 @@
 #include "results/Result.h"
 
 #include "eval/EvaluationTestSupport.h"
+#include "results/Result.h"
 #include "results/ResultParts.h"
-#include "results/TBFResult.h"
 #include "runtime/String.h"
 
 #include <gtest/gtest.h>
@@ -47,13 +47,6 @@ TEST(Result, EqualityLooksAtTheValueAtTheLargerPrecision) {
     EXPECT_FALSE(failed->isEqualTo(*result("1")));
     alsoFailed->setEvaluationError(TBFEvaluationErrorDivideByZero);
     EXPECT_TRUE(failed->isEqualTo(*alsoFailed));
-}
-
-TEST(Result, ANullResultHasTheMaskAsItsCode) {
-    EXPECT_EQ(TBFResultGetErrorCode(nullptr), 0xFF0000FFu);
-    EXPECT_EQ(TBFResultGetErrorCode(Result::create().get()), 0u);
-    EXPECT_EQ(TBFResultGetMAPM(result("").get()), nullptr);
-    EXPECT_EQ(TBFResultGetExponent(result("1234.5").get()), 3);
 }
 
 // A number with a digit repeated behind it.

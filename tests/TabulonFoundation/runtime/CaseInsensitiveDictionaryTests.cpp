@@ -1,7 +1,6 @@
 #include "runtime/Array.h"
 #include "runtime/CaseInsensitiveDictionary.h"
 #include "runtime/String.h"
-#include "runtime/TBFCaseInsensitiveDictionary.h"
 #include "runtime/Unicode.h"
 
 #include <gtest/gtest.h>
@@ -90,20 +89,6 @@ TEST(CaseInsensitiveDictionary, TellsWhatWasReplaced) {
     script.dictionary->removeAll();
     EXPECT_EQ(script.dictionary->count(), 0);
     EXPECT_EQ(script.find("Mb"), 0);
-}
-
-TEST(CaseInsensitiveDictionary, FaceReadsWhatItSets) {
-    const Ref<CaseInsensitiveDictionary> dictionary = adopt(TBFCaseInsensitiveDictionaryCreate());
-    const Ref<String> key = String::create(u"Größe");
-    const Ref<String> upper = String::create(u"GRÖßE");
-    TBFCaseInsensitiveDictionarySetItemForKey(dictionary.get(), &items[5], key.get(), false);
-    TBFCaseInsensitiveDictionarySetItemForKey(dictionary.get(), &items[6], nullptr, false);
-    EXPECT_EQ(TBFCaseInsensitiveDictionaryGetItemForKey(dictionary.get(), upper.get()), &items[5]);
-    EXPECT_EQ(TBFCaseInsensitiveDictionaryGetItemForKey(nullptr, upper.get()), nullptr);
-    EXPECT_EQ(TBFCaseInsensitiveDictionaryCount(nullptr), 0);
-    const Ref<Array> all = adopt(TBFCaseInsensitiveDictionaryGetAllItems(dictionary.get()));
-    ASSERT_EQ(all->count(), 1);
-    EXPECT_EQ(all->at(0), &items[5]);
 }
 
 // Whatever is set and removed: a spelling finds its own item, and any other spelling finds one exactly if

@@ -1,6 +1,5 @@
 #include "runtime/IndexRangeMap.h"
 #include "runtime/RangeMap.h"
-#include "runtime/TBFIndexRangeMap.h"
 
 #include <array>
 #include <gtest/gtest.h>
@@ -72,7 +71,7 @@ TEST(IndexRangeMap, TheLastReleaseFreesEachValueOnce) {
         map->setValue(letter('A'), {0, 3});
         map->setValue(letter('A'), {5, 3});
         map->setValue(letter('B'), {6, 1});
-        EXPECT_EQ(TBFIndexRangeMapGetCountOfUniqueValues(map.get()), 2);
+        EXPECT_EQ(map->uniqueValuesReference().size(), 2u);
         EXPECT_EQ(freed, "");
     }
     EXPECT_EQ(freed, "AB");
@@ -94,13 +93,8 @@ TEST(IndexRangeMap, FindsTheRangesOfAValue) {
     const Ref<IndexRangeMap> map = makeMap();
     map->setValue(letter('A'), {3, 2});
     map->setValue(letter('A'), {10, toEnd});
-    TBFRange ranges[4];
-    ASSERT_EQ(TBFIndexRangeMapFindRangesForValue(map.get(), letter('A'), ranges, 4), 2);
-    EXPECT_EQ(ranges[0], (TBFRange{3, 2}));
-    EXPECT_EQ(ranges[1], (TBFRange{10, toEnd}));
-    EXPECT_EQ(TBFIndexRangeMapFindRangesForValue(map.get(), letter('A'), ranges, 1), 1);
-    EXPECT_EQ(TBFIndexRangeMapFindRangesForValue(map.get(), nullptr, ranges, 4), 0);
-    EXPECT_EQ(TBFIndexRangeMapGetValueForIndex(nullptr, 3), nullptr);
+    EXPECT_EQ(map->rangesOf(letter('A')), (std::vector<TBFRange>{{3, 2}, {10, toEnd}}));
+    EXPECT_TRUE(map->rangesOf(nullptr).empty());
 }
 
 using PutStep = std::tuple<uint8_t, uint8_t, uint8_t>; // value, start, length

@@ -1,7 +1,6 @@
 #include "runtime/PolyString.h"
 #include "runtime/String.h"
 #include "runtime/StringBuffer.h"
-#include "runtime/TBFString.h"
 #include "runtime/Unicode.h"
 
 #include <cstdlib>
@@ -15,8 +14,6 @@
 namespace {
 
 using namespace TBF;
-
-using MallocText = std::unique_ptr<char, decltype(&std::free)>;
 
 TEST(Unicode, BadUTF8BecomesReplacementCharacters) {
     const struct {
@@ -127,54 +124,6 @@ TEST(String, MapsAreSearchedWithoutMakingAString) {
     EXPECT_EQ(map.size(), 1U);
     EXPECT_EQ(map.find(std::u16string_view(u"euro"))->second, 2);
     EXPECT_EQ(map.count(std::u16string_view(u"Euro")), 0U);
-}
-
-TEST(TBFString, NullHandlesAreHarmless) {
-    int32_t size = -1;
-    TBFChar buffer[1];
-    EXPECT_EQ(TBFStringCompare(nullptr, nullptr), -1);
-    EXPECT_EQ(TBFStringRetain(nullptr), nullptr);
-    EXPECT_EQ(TBFStringCopy(nullptr), nullptr);
-    TBFStringRelease(nullptr);
-    EXPECT_EQ(TBFStringLength(nullptr), 0);
-    EXPECT_EQ(TBFStringGetCharAtIndex(nullptr, 0), TBFCharNULL);
-    EXPECT_EQ(TBFStringGetChars(nullptr, buffer, 1), 0);
-    EXPECT_EQ(TBFStringGetUTF8(nullptr, &size), nullptr);
-    EXPECT_EQ(size, 0);
-    EXPECT_EQ(TBFStringCreateWithUTF8(nullptr), nullptr);
-    EXPECT_EQ(TBFStringLowercaseString(nullptr), nullptr);
-    EXPECT_EQ(TBFCharFromUTF8(nullptr), TBFCharNULL);
-}
-
-TEST(TBFString, CreatesReadsAndCopies) {
-    const Ref<String> number = adopt(TBFStringCreateWithInteger(std::numeric_limits<int64_t>::min()));
-    EXPECT_EQ(TBFStringGetCppString(number.get()), "-9223372036854775808");
-
-    const Ref<String> text = adopt(TBFStringCreateWithUTF8("5 €"));
-    const Ref<String> copy = adopt(TBFStringCopy(text.get()));
-    EXPECT_EQ(copy, text);
-    int32_t size = 0;
-    const MallocText bytes(TBFStringGetUTF8(text.get(), &size), &std::free);
-    EXPECT_STREQ(bytes.get(), "5 €");
-    EXPECT_EQ(size, 6);
-    TBFChar buffer[2] = {};
-    EXPECT_EQ(TBFStringGetChars(text.get(), buffer, 2), 2);
-    EXPECT_EQ(buffer[0], u'5');
-    EXPECT_EQ(TBFStringGetCharAtIndex(text.get(), 2), u'€');
-    EXPECT_EQ(TBFStringGetCharAtIndex(text.get(), 3), TBFCharNULL);
-    EXPECT_EQ(TBFStringCompare(text.get(), adopt(TBFStringCreateWithCppString("5 €")).get()), 0);
-    EXPECT_EQ(TBFStringCompare(text.get(), number.get()), -1);
-}
-
-TEST(TBFChar, ComparesAsUnsignedAndReadsOneUnit) {
-    EXPECT_EQ(TBFCharCompare(0xFFFF, 0x0041), 1);
-    EXPECT_EQ(TBFCharCompare(0x0041, 0xFFFF), -1);
-    EXPECT_EQ(TBFCharCompare(0xFFFF, 0xFFFF), 0);
-    EXPECT_EQ(TBFCharFromUTF8("€"), u'€');
-    EXPECT_EQ(TBFCharFromUTF8("\U0001F34E"), TBFCharNULL); // two code units
-    EXPECT_EQ(TBFCharFromUTF8("ab"), TBFCharNULL);
-    EXPECT_EQ(TBFCharFromUTF8(""), TBFCharNULL);
-    EXPECT_STREQ(MallocText(TBFCharGetUTF8(u'€'), &std::free).get(), "€");
 }
 
 TEST(PolyString, MakesTheOtherFormOnce) {

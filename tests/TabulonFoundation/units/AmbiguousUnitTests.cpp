@@ -1,6 +1,4 @@
 #include "units/AmbiguousUnit.h"
-#include "units/TBFAmbiguousUnit.h"
-#include "units/TBFUnitContainer.h"
 
 #include "units/UnitVocabulary.h"
 
@@ -16,7 +14,9 @@ namespace {
 
 Ref<UnitContainer> candidate(const char* identifier, const char* name, const char* units,
                              int32_t tieBreak = 0) {
-    const auto container = adopt(TBFUnitContainerCreate(identifier, {{TBFUnitNameTypeVeryShort, name}}, {}));
+    UnitContainer::Names names;
+    names.byType[TBFUnitNameTypeVeryShort] = TBF::String::createWithUTF8(name);
+    const auto container = UnitContainer::create(identifier, std::move(names));
     container->setUnitFraction(Vocabulary::shared().fraction(units));
     container->setAmbiguousTieBreakFactor(tieBreak);
     return container;
@@ -77,11 +77,9 @@ TEST(AmbiguousUnitTests, theHeaviestCandidateIsMeant) {
             << row.behaviour;
     }
     EXPECT_EQ(AmbiguousUnit::create({})->unambiguousUnit(0, u"x"), nullptr);
-    EXPECT_EQ(TBFAmbiguousUnitGetUnambiguousUnit(nullptr, 0, nullptr), nullptr);
 }
 
 TEST(AmbiguousUnitTests, itsTypesAreThoseOfAllCandidates) {
     const auto unit = AmbiguousUnit::create({candidate("a", "x", "m / s"), candidate("b", "x", "kg")});
     EXPECT_EQ(unit->unitTypeBitmap(), bitmapOf("m s kg"));
-    EXPECT_EQ(TBFAmbiguousUnitGetUnitTypeBitmap(nullptr), 0u);
 }

@@ -1,4 +1,3 @@
-#include "units/TBFUnitContainer.h"
 #include "units/UnitCollection.h"
 
 #include "numbers/Decimal.h"
@@ -24,7 +23,7 @@ using Aliases = std::multimap<TBFUnitNameType, std::string>;
 
 Ref<UnitContainer> named(const char* identifier, const Names& names, const Aliases& aliases = {},
                          const std::set<std::string>& caseSensitive = {}) {
-    return adopt(TBFUnitContainerCreate(identifier, names, aliases, caseSensitive));
+    return UnitTesting::container(identifier, names, aliases, caseSensitive);
 }
 
 Ref<UnitContainer> scaled(const char* identifier, TBFUnitType type, const char* factor) {

@@ -1,28 +1,27 @@
-#include "units/TBFUnitContainer.h"
 #include "units/UnitContainer.h"
 
 #include "units/UnitVocabulary.h"
 
 #include <gtest/gtest.h>
 
-using TBF::adopt;
+using TBF::UnitContainer;
 
 TEST(UnitContainerTests, anAnonymousContainerHasNoNames) {
-    const auto container = adopt(TBFUnitContainerCreate());
+    const auto container = UnitContainer::create();
     for (int type = 0; type <= 5; ++type) {
         EXPECT_FALSE(container->hasNameForType(static_cast<TBFUnitNameType>(type))) << type;
     }
     EXPECT_EQ(container->unitType(), TBFUnitTypeNone);
-    EXPECT_EQ(TBFUnitContainerGetScalarMAPM(container.get()), nullptr);
+    EXPECT_EQ(container->scalar(), nullptr);
 }
 
 TEST(UnitContainerTests, namesAreFoundByTypeAndTypesByName) {
-    const auto container = adopt(TBFUnitContainerCreate(
+    const auto container = UnitTesting::container(
         "kilometre", {{TBFUnitNameTypeSingular, "kilometre"}, {TBFUnitNameTypeVeryShort, "km"}},
         {{TBFUnitNameTypePlural, "klicks"},
          {TBFUnitNameTypeSymbol, "km"},
          {TBFUnitNameTypeSingular, "klick"}},
-        {"km"}));
+        {"km"});
     EXPECT_EQ(container->nameForType(TBFUnitNameTypeIdentifier), "kilometre");
     EXPECT_EQ(container->nameForType(TBFUnitNameTypeVeryShort), "km");
     EXPECT_EQ(container->nameForType(TBFUnitNameTypePlural), "");
@@ -42,12 +41,15 @@ TEST(UnitContainerTests, namesAreFoundByTypeAndTypesByName) {
 }
 
 TEST(UnitContainerTests, aliasesAreListedByTypeAndThenInOrderOfAddition) {
-    const auto container = adopt(TBFUnitContainerCreateWithNames(
-        u"x", std::nullopt, u"exes", std::nullopt, std::nullopt,
-        {{TBFUnitNameTypeSymbol, {u"c"}}, {TBFUnitNameTypeSingular, {u"b", u"a"}}}, {}));
+    TBF::UnitContainer::Names names;
+    names.byType[TBFUnitNameTypePlural] = TBF::String::create(u"exes");
+    for (const auto& [type, text] : {std::pair{TBFUnitNameTypeSymbol, u"c"},
+                                     {TBFUnitNameTypeSingular, u"b"},
+                                     {TBFUnitNameTypeSingular, u"a"}})
+        names.aliases.push_back({type, TBF::String::create(text)});
+    const auto container = UnitContainer::create("x", std::move(names));
     std::u16string listed;
     for (const auto& alias : container->aliases())
         listed += alias.text->view();
     EXPECT_EQ(listed, u"bac");
-    EXPECT_EQ(TBFUnitContainerGetNames(container.get()).size(), 1u);
 }

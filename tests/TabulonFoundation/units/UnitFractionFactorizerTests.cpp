@@ -1,7 +1,6 @@
 #include "units/UnitFractionFactorizer.h"
 
 #include "numbers/MAPMAccumulator.h"
-#include "units/TBFUnitFractionFactorizer.h"
 #include "units/UnitFractionSimplifier.h"
 #include "units/UnitTypeFactorings.h"
 
@@ -148,11 +147,10 @@ TEST(UnitFractionFactorizerTests, candidatesAreAllThatRelationsLeadTo) {
 }
 
 TEST(UnitFractionFactorizerTests, nothingGivesNothing) {
-    const auto factorizer = TBF::adopt(TBFUnitFractionFactorizerCreate(nullptr));
-    EXPECT_EQ(TBFUnitFractionFactorizerUndecompose(factorizer.get(), nullptr, {}, {}), nullptr);
+    const auto factorizer = UnitFractionFactorizer::create(nullptr);
+    EXPECT_EQ(factorizer->undecompose(nullptr, {}, {}, nullptr), nullptr);
     const auto metre = Vocabulary::shared().fraction("m");
-    EXPECT_EQ(TBFUnitFractionFactorizerUndecompose(nullptr, metre.get(), {}, {}), nullptr);
-    EXPECT_EQ(TBF::adopt(TBFUnitFractionFactorizerUndecompose(factorizer.get(), metre.get(), {}, {})), metre);
+    EXPECT_EQ(factorizer->undecompose(metre.get(), {}, {}, nullptr), metre);
 }
 
 // A type without any unit gets lost from what is shown, so the law below holds only for such a vocabulary.

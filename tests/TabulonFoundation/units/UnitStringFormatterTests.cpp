@@ -1,4 +1,3 @@
-#include "units/TBFUnitContainer.h"
 #include "units/UnitStringFormatter.h"
 
 #include "units/UnitVocabulary.h"
@@ -79,25 +78,17 @@ TEST(UnitStringFormatterTests, aTypeCanHaveAFormatOfItsOwn) {
     EXPECT_EQ(text(formatter->formattedString(wage.get(), longName, plural)), "dollars per h");
 }
 
+TEST(UnitStringFormatterTests, anUnknownFormatAsksForNoName) {
+    EXPECT_EQ(nameTypeForFormatTypeAndForm(TBFUnitFormatTypeNone, singular), TBFUnitNameTypeNone);
+    EXPECT_EQ(nameTypeForFormatTypeAndForm(static_cast<TBFUnitFormatType>(9), plural), TBFUnitNameTypeNone);
+}
+
 TEST(UnitStringFormatterTests, aNameOfTheContainerItselfComesFirst) {
-    const auto container =
-        TBF::adopt(TBFUnitContainerCreate("velo", {{TBFUnitNameTypeSingular, "velo"}}, {}));
+    const auto container = UnitTesting::container("velo", {{TBFUnitNameTypeSingular, "velo"}});
     const auto formatter = UnitStringFormatter::create();
     EXPECT_EQ(text(formatter->formattedString(container.get(), longName, plural)), "null"); // no fraction yet
     container->setUnitFraction(Vocabulary::shared().fraction("m / s"));
     EXPECT_EQ(text(formatter->formattedString(container.get(), longName, singular)), "velo");
     EXPECT_EQ(text(formatter->formattedString(container.get(), longName, plural)), "metres per second");
     EXPECT_EQ(text(formatter->formattedString(container.get(), identifier, plural)), "velo");
-    // Without a formatter only names are known.
-    const auto bare = [&](TBFUnitStringForm form) {
-        return text(TBF::adopt(
-            TBFUnitStringFormatterCreateFormattedString(nullptr, container.get(), longName, form)));
-    };
-    EXPECT_EQ(bare(singular), "velo");
-    EXPECT_EQ(bare(plural), "null");
-}
-
-TEST(UnitStringFormatterTests, anUnknownFormatAsksForNoName) {
-    EXPECT_EQ(nameTypeForFormatTypeAndForm(TBFUnitFormatTypeNone, singular), TBFUnitNameTypeNone);
-    EXPECT_EQ(nameTypeForFormatTypeAndForm(static_cast<TBFUnitFormatType>(9), plural), TBFUnitNameTypeNone);
 }

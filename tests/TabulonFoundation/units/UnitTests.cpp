@@ -1,4 +1,3 @@
-#include "units/TBFUnit.h"
 #include "units/Unit.h"
 
 #include "units/UnitVocabulary.h"
@@ -74,11 +73,9 @@ TEST(UnitTests, equalityGoesByTypeAndFactor) {
     const auto b = Unit::create(TBFUnitTypeLength, "1E3", String::createWithUTF8("b"));
     const auto c = Unit::create(TBFUnitTypeMass, "1000");
     const auto d = Unit::create(TBFUnitTypeLength, "1");
-    EXPECT_TRUE(TBFUnitIsEqualToUnit(a.get(), b.get()));
-    EXPECT_FALSE(TBFUnitIsEqualToUnit(a.get(), c.get()));
-    EXPECT_FALSE(TBFUnitIsEqualToUnit(a.get(), d.get()));
-    EXPECT_FALSE(TBFUnitIsEqualToUnit(a.get(), nullptr));
-    EXPECT_TRUE(TBFUnitIsEqualToUnit(nullptr, nullptr));
+    EXPECT_TRUE(a->isEqualTo(*b));
+    EXPECT_FALSE(a->isEqualTo(*c));
+    EXPECT_FALSE(a->isEqualTo(*d));
 }
 
 // Everything that counts by type indexed past its end for such a unit.
@@ -86,8 +83,8 @@ TEST(UnitTests, thereIsNoAtomicUnitOfATypeThatOnlyCompositesHave) {
     const auto one = String::createWithUTF8("1");
     for (const int32_t type : {-1, 21, 22, 1000}) {
         const auto unitType = static_cast<TBFUnitType>(type);
-        EXPECT_EQ(TBFUnitCreate(unitType, one.get()), nullptr) << type;
-        EXPECT_EQ(TBFUnitCreate(unitType, one.get(), one.get()), nullptr) << type;
-        EXPECT_EQ(TBFUnitCreateWithSingularName(one.get(), unitType, one.get()), nullptr) << type;
+        EXPECT_EQ(Unit::create(unitType, "1"), nullptr) << type;
+        EXPECT_EQ(Unit::create(unitType, "1", one), nullptr) << type;
+        EXPECT_EQ(Unit::createWithSingularName(one, unitType, "1"), nullptr) << type;
     }
 }

@@ -15,10 +15,13 @@
 #include "units/UnitFractionBuilder.h"
 #include "units/UnitTypeFraction.h"
 
+#include <cstddef>
 #include <map>
+#include <set>
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace UnitTesting {
 
@@ -59,6 +62,21 @@ inline constexpr Row rows[] = {
     {"m3", "cubic metre", "cubic metres", TBFUnitTypeVolume, "1", nullptr},
     {"l", "litre", "litres", TBFUnitTypeVolume, "0.001", nullptr},
 };
+
+// A container with names and aliases by their types.
+inline TBF::Ref<TBF::UnitContainer> container(const std::string& identifier,
+                                              const std::map<TBFUnitNameType, std::string>& names,
+                                              const std::multimap<TBFUnitNameType, std::string>& aliases = {},
+                                              const std::set<std::string>& caseSensitive = {}) {
+    TBF::UnitContainer::Names all;
+    for (const auto& [type, name] : names)
+        all.byType[static_cast<std::size_t>(type)] = TBF::String::createWithUTF8(name);
+    for (const auto& [type, alias] : aliases)
+        all.aliases.push_back({type, TBF::String::createWithUTF8(alias)});
+    for (const std::string& name : caseSensitive)
+        all.caseSensitive.push_back(TBF::String::createWithUTF8(name));
+    return TBF::UnitContainer::create(identifier, std::move(all));
+}
 
 class Vocabulary {
 public:

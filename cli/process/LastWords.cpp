@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr std::string_view noMemory = "there is not enough memory";
+
 // Long enough for a path and a sentence.
 constexpr std::size_t maxLength = 8192;
 
@@ -20,7 +22,7 @@ constexpr std::size_t maxLength = 8192;
         if (const std::exception_ptr current = std::current_exception()) std::rethrow_exception(current);
         printLastLine({"stopped by a fault of its own"});
     } catch (const std::bad_alloc&) {
-        printLastLine({"there is not enough memory"});
+        printLastLine({noMemory});
     } catch (const std::exception& error) {
         printLastLine({error.what()});
     } catch (...) {
@@ -44,6 +46,11 @@ void printLastLine(std::initializer_list<std::string_view> parts) {
     line[length++] = '\n';
     // Whether it can be printed or not, there is no more to be done.
     static_cast<void>(!write(STDERR_FILENO, line, length));
+}
+
+void endWithoutMemory() {
+    printLastLine({noMemory});
+    _exit(ExitCodeFailed);
 }
 
 void prepareForTheWorst() {

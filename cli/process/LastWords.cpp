@@ -6,6 +6,7 @@
 #include <csignal>
 #include <cstddef>
 #include <exception>
+#include <execinfo.h>
 #include <new>
 #include <unistd.h>
 
@@ -54,6 +55,10 @@ void endWithoutMemory() {
 }
 
 void prepareForTheWorst() {
+    // The first call loads what the C library needs for an exception that passes through it, as out of
+    // std::call_once. When memory is gone it couldn't any more, and would end the process.
+    void* frame = nullptr;
+    backtrace(&frame, 1);
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
     std::set_terminate(endWithWords);

@@ -3,6 +3,7 @@
 #include "CommandFailure.h"
 
 #include <algorithm>
+#include <atomic>
 #include <csignal>
 #include <cstddef>
 #include <exception>
@@ -35,6 +36,8 @@ constexpr std::size_t maxLength = 8192;
 } // namespace
 
 void printLastLine(std::initializer_list<std::string_view> parts) {
+    static std::atomic_flag isSaid;
+    if (isSaid.test_and_set()) return;
     char line[maxLength];
     constexpr std::string_view start = "tabulon: ";
     std::size_t length = start.copy(line, maxLength);

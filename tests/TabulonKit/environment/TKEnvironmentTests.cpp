@@ -144,7 +144,8 @@ TEST_F(TKEnvironmentTests, DamagedFilesArePassedOverAndKeptAsideWhenSaved) {
 // A file whose bytes can't be had may be all that the user has.
 TEST_F(TKEnvironmentTests, AFileThatCannotBeReadIsNotSavedOver) {
     const auto variable = [](const char* name) {
-        return Dictionary{{"TKVariables", ContentTesting::Array{Dictionary{{"name", name}, {"value", "950"}}}}};
+        return Dictionary{
+            {"TKVariables", ContentTesting::Array{Dictionary{{"name", name}, {"value", "950"}}}}};
     };
     write("Variables.plist", variable("rent"));
     const fs::path path = dataFolder / "Variables.plist";

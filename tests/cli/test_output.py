@@ -168,8 +168,8 @@ class OutputTests(CommandTests):
                     lines = result.stderr.decode().splitlines()
                     self.assertEqual(len(lines), result.returncode, lines)
                     refused += result.returncode
-                    for line in lines:
-                        self.assertRegex(line, "^tabulon: .*memory")
+                    for line in lines:  # a library that draws may end its process in its own way
+                        self.assertRegex(line, "^tabulon: .*(memory|can't be drawn|stopped by a fault)")
             self.assertGreater(refused, 0, arguments)
 
     def test_a_byte_order_mark_is_passed_over(self):

@@ -7,11 +7,15 @@
 #include "output/Output.h"
 #include "process/LastWords.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <libxml/globals.h>
 #include <libxml/parser.h>
 #include <new>
+#include <unicode/uclean.h>
 
 namespace {
 
@@ -48,7 +52,28 @@ void ignore(void*, const char*, ...) {}
 void quietLibraries() {
     xmlSetGenericErrorFunc(nullptr, ignore);
     xmlThrDefSetGenericErrorFunc(nullptr, ignore);
+}
+
+// ICU uses what it asked for before it looks whether it got it.
+void* allocateForICU(const void*, std::size_t size) {
+    void* const memory = std::malloc(std::max<std::size_t>(size, 1));
+    return memory ? memory : (endWithoutMemory(), nullptr);
+}
+
+void* reallocateForICU(const void*, void* old, std::size_t size) {
+    void* const memory = std::realloc(old, std::max<std::size_t>(size, 1));
+    return memory ? memory : (endWithoutMemory(), nullptr);
+}
+
+void freeForICU(const void*, void* memory) {
+    std::free(memory);
+}
+
+// Before anything is asked of these libraries.
+void prepareLibrariesForShortMemory() {
     m_apm_set_out_of_memory_handler([] { throw std::bad_alloc(); });
+    UErrorCode ignored = U_ZERO_ERROR;
+    u_setMemoryFunctions(nullptr, allocateForICU, reallocateForICU, freeForICU, &ignored);
 }
 
 } // namespace
@@ -56,6 +81,7 @@ void quietLibraries() {
 int main(int count, char** values) {
     prepareForTheWorst();
     quietLibraries();
+    prepareLibrariesForShortMemory();
     try {
         if (const auto arguments = parseArguments(count, values)) {
             hostPlugIn(arguments->host);

@@ -145,8 +145,10 @@ void writeLine(TCLine& line, TBF::FileLinesNode& lines, std::size_t index) {
     }
     TBF::FileLine& record = lines.lineAt(index);
     record.expression = stringOf(text);
-    // A line that was not evaluated yet isn't evaluated for the file.
-    if (line.hasResult()) record.answer = stringOf(line.result()->completeStringValue());
+    // A line that was not evaluated yet isn't evaluated for the file. The answer of a text that the file
+    // can't hold would stand there beside another text.
+    const bool isWhole = !text || std::ranges::all_of(*text, TBF::FileWriter::canHold);
+    if (isWhole && line.hasResult()) record.answer = stringOf(line.result()->completeStringValue());
     TCFile::writeLineFormattingAttributesFromLine(line, lines, index);
 }
 

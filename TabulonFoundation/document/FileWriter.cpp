@@ -44,15 +44,11 @@ const xmlChar* xmlText(const char* text) {
     return reinterpret_cast<const xmlChar*>(text);
 }
 
-constexpr bool xmlCanHold(char16_t c) {
-    return c >= 0x20 ? c < 0xFFFE : c == u'\t' || c == u'\n' || c == u'\r';
-}
-
 std::string encoded(std::u16string_view text) {
     std::u16string kept;
     kept.reserve(text.size());
     for (const char16_t c : text) {
-        if (xmlCanHold(c)) kept.push_back(c);
+        if (FileWriter::canHold(c)) kept.push_back(c);
     }
     return utf8(kept);
 }

@@ -16,6 +16,11 @@ namespace TBF {
 
 class FileWriter {
 public:
+    // Whether a file can have this code unit.
+    static constexpr bool canHold(char16_t c) {
+        return c >= 0x20 ? c < 0xFFFE : c == u'\t' || c == u'\n' || c == u'\r';
+    }
+
     // Borrowed: the nodes outlive the writing. Null counts as a node that has nothing in it.
     void setInfoNode(const FileInfoNode* node) noexcept { infoNode = node; }
     void setSettingsNode(const FileSettingsNode* node) noexcept { settingsNode = node; }

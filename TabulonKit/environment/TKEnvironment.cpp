@@ -71,6 +71,8 @@ void TKEnvironment::_reset() {
     const bool hasUnsavedCurrencies = delayedSaver.countOfScheduledActions() > 0;
     delayedSaver.cancelAllActions();
     if (hasUnsavedCurrencies) saveCurrencies();
+    damagedFiles.clear();
+    unreadFiles.clear();
     observations.clear();
     localizing = nullptr;
     stocks = nullptr;

@@ -13,6 +13,7 @@
 #include "live/TKVariablesManager.h"
 #include "propertylist/PropertyList.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <set>
@@ -143,6 +144,7 @@ private:
     void setupSharedInstances();
     void _finishLoadingBundle();
     void tellThatBundleWasLoaded(const Bundle& bundle);
+    void rememberFailure(const std::string& path, bool isDamaged);
     std::optional<std::string> pathForSavedFile(std::string (*pathInDir)(const std::optional<std::string>&));
     void _reset();
 
@@ -164,7 +166,7 @@ private:
     void saveVariables();
     void saveStocks();
     void saveCurrencies();
-    void keepDamagedFile(const std::string& path);
+    bool saveTo(const std::string& path, const std::function<bool()>& save);
 
     TKEnvironmentDelegate* observer = nullptr;
     TCSimpleLocale numberLocale = TCSimpleLocale::standardLocale();
@@ -191,7 +193,8 @@ private:
     bool areUnitsEnabled = true;
     bool updatesFromWeb = true;
     TKDelayedPerformer delayedSaver;
-    std::set<std::string> damagedFiles; // saved files that couldn't be read
+    std::set<std::string> damagedFiles; // saved files that were read, and hold nothing of use
+    std::set<std::string> unreadFiles;  // those that couldn't be read, and may hold anything
 };
 
 // Whether both characters are the same.

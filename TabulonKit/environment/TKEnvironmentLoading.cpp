@@ -124,8 +124,9 @@ void TKEnvironment::_loadCurrencyUnitsFromBundle(const Bundle& bundle, const std
         addFailures({*defaults + ": it has no \"TKCurrencies\""});
     manager->registerDefaultCurrencies(rates["TKCurrencies"]);
     if (names) unitsManager()->loadCurrenciesFromLocalizationFile(*names);
+    bool isDamaged = false;
     if (const Path saved = pathForSavedFile(currenciesDataSourcePathInDir))
-        if (!manager->loadCurrenciesFromPath(*saved)) damagedFiles.insert(*saved);
+        if (!manager->loadCurrenciesFromPath(*saved, &isDamaged)) rememberFailure(*saved, isDamaged);
     manager->completeLoading();
     if (updatesFromWeb) manager->setAutomaticallyUpdatesValuesFromWeb(true);
 }
@@ -133,8 +134,9 @@ void TKEnvironment::_loadCurrencyUnitsFromBundle(const Bundle& bundle, const std
 void TKEnvironment::_loadVariablesFromBundle(const Bundle&, const std::string&) {
     const auto& manager = variablesManager();
     if (const Path saved = pathForSavedFile(variablesDataSourcePathInDir)) {
-        if (manager->loadFromPath(*saved)) return;
-        damagedFiles.insert(*saved);
+        bool isDamaged = false;
+        if (manager->loadFromPath(*saved, &isDamaged)) return;
+        rememberFailure(*saved, isDamaged);
     }
     manager->loadDefaults();
 }
@@ -144,7 +146,8 @@ void TKEnvironment::_loadStocksFromBundle(const Bundle& bundle, const std::strin
     if (!manager) return;
     const Path saved = pathForSavedFile(stocksDataSourcePathInDir);
     const Path path = saved ? saved : pathForResource("Stocks", listType, localization, *bundle);
-    if (path && !manager->loadFromPath(*path) && saved) damagedFiles.insert(*saved);
+    bool isDamaged = false;
+    if (path && !manager->loadFromPath(*path, &isDamaged) && saved) rememberFailure(*saved, isDamaged);
     if (updatesFromWeb) manager->setAutomaticallyDownloadsStockPrices(true);
 }
 
@@ -195,11 +198,17 @@ void TKEnvironment::refreshCurrencyLocale() {
     manager->refreshCurrencyLocaleForCode(manager->bestCurrencyCodeForCurrentLocale());
 }
 
-// None if there is no such file, and without a data folder.
+void TKEnvironment::rememberFailure(const std::string& path, bool isDamaged) {
+    (isDamaged ? damagedFiles : unreadFiles).insert(path);
+}
+
+// None if there is no such file, and without a data folder. One that can't be looked at may be there.
 std::optional<std::string>
 TKEnvironment::pathForSavedFile(std::string (*pathInDir)(const std::optional<std::string>&)) {
     if (!dataFolder) return std::nullopt;
     std::string path = pathInDir(dataFolder);
     std::error_code ignored;
-    return std::filesystem::exists(path, ignored) ? std::optional(std::move(path)) : std::nullopt;
+    if (std::filesystem::status(path, ignored).type() == std::filesystem::file_type::not_found)
+        return std::nullopt;
+    return path;
 }

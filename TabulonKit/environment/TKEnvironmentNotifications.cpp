@@ -3,13 +3,16 @@
 #include "environment/TKEnvironment.h"
 
 #include "environment/TKLog.h"
+#include "files/FileKeptAside.h"
 #include "live/TKCurrencyRatesToUnitsHelper.h"
 #include "variables/TCVariable.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <filesystem>
 
 namespace {
+
+namespace fs = std::filesystem;
 
 constexpr std::string_view saveCurrenciesAction = "saveCurrencies";
 constexpr double delayOfSaving = 5.0; // seconds
@@ -104,44 +107,59 @@ bool TKEnvironment::saveToDirectory(const std::string& folder) {
     bool saved = true;
     if (areCurrenciesEnabled) {
         const std::string path = currenciesDataSourcePathInDir(folder);
-        keepDamagedFile(path);
-        saved = currenciesManager()->saveCurrenciesToPath(path, persistanceInfo) && saved;
+        const auto save = [&] { return currenciesManager()->saveCurrenciesToPath(path, persistanceInfo); };
+        saved = saveTo(path, save) && saved;
     }
     if (areStocksEnabled && stocksManager()) {
         const std::string path = stocksDataSourcePathInDir(folder);
-        keepDamagedFile(path);
-        saved = stocks->saveToPath(path, persistanceInfo) && saved;
+        saved = saveTo(path, [&] { return stocks->saveToPath(path, persistanceInfo); }) && saved;
     }
     if (areVariablesEnabled) {
         const std::string path = variablesDataSourcePathInDir(folder);
-        keepDamagedFile(path);
-        saved = variablesManager()->saveToPath(path, persistanceInfo) && saved;
+        const auto save = [&] { return variablesManager()->saveToPath(path, persistanceInfo); };
+        saved = saveTo(path, save) && saved;
     }
     return saved;
 }
 
 void TKEnvironment::saveVariables() {
     if (!dataFolder || !variables) return;
-    keepDamagedFile(variablesDataSourcePath());
-    variables->saveToPath(variablesDataSourcePath(), persistanceInfo);
+    const std::string path = variablesDataSourcePath();
+    saveTo(path, [&] { return variables->saveToPath(path, persistanceInfo); });
 }
 
 void TKEnvironment::saveStocks() {
     if (!dataFolder || !stocks) return;
-    keepDamagedFile(stocksDataSourcePath());
-    stocks->saveToPath(stocksDataSourcePath(), persistanceInfo);
+    const std::string path = stocksDataSourcePath();
+    saveTo(path, [&] { return stocks->saveToPath(path, persistanceInfo); });
 }
 
 void TKEnvironment::saveCurrencies() {
     if (!dataFolder || !currencies) return;
-    keepDamagedFile(currenciesDataSourcePath());
-    currencies->saveCurrenciesToPath(currenciesDataSourcePath(), persistanceInfo);
+    const std::string path = currenciesDataSourcePath();
+    saveTo(path, [&] { return currencies->saveCurrenciesToPath(path, persistanceInfo); });
 }
 
-// A file that couldn't be read may still be of use to its owner: it isn't overwritten but put aside.
-void TKEnvironment::keepDamagedFile(const std::string& path) {
-    if (damagedFiles.erase(path) == 0) return;
-    const std::string aside = path + ".damaged";
-    if (std::rename(path.c_str(), aside.c_str()) == 0)
-        TKLog("The damaged file was kept as %s", aside.c_str());
+// What couldn't be read may be all that the user has saved: it stays. What was read and is of no use here may
+// still be of use to its owner: it is kept beside the new file.
+bool TKEnvironment::saveTo(const std::string& path, const std::function<bool()>& save) {
+    if (unreadFiles.contains(path)) {
+        std::error_code ignored;
+        if (fs::symlink_status(path, ignored).type() != fs::file_type::not_found) {
+            TKLog("%s isn't saved: what stands there couldn't be read", path.c_str());
+            return false;
+        }
+        unreadFiles.erase(path);
+    }
+    if (!damagedFiles.contains(path)) return save();
+    platform::FileKeptAside aside(path, ".damaged");
+    if (!aside.isKept()) {
+        TKLog("%s isn't saved: the damaged file there can't be kept", path.c_str());
+        return false;
+    }
+    if (!save()) return false;
+    aside.stay();
+    damagedFiles.erase(path);
+    TKLog("The damaged file was kept as %s", aside.path().c_str());
+    return true;
 }

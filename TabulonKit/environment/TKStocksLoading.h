@@ -22,8 +22,9 @@ class TKStocksLoading {
 public:
     virtual ~TKStocksLoading() = default;
 
-    // False if the file can't be read, which is reported.
-    virtual bool loadFromPath(const std::string& path) = 0;
+    // False if the file can't be read, which is reported; `isDamaged`, where given, is then whether its bytes
+    // were read and aren't what was saved.
+    virtual bool loadFromPath(const std::string& path, bool* isDamaged) = 0;
     virtual bool saveToPath(const std::string& path, const platform::PropertyList& withVersionInfo) const = 0;
 
     virtual void setAutomaticallyDownloadsStockPrices(bool automatically) = 0;

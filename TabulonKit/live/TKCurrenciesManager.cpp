@@ -76,12 +76,13 @@ void TKCurrenciesManager::addDefault(std::string_view code, const PropertyList& 
     rows.push_back(std::move(currency));
 }
 
-bool TKCurrenciesManager::loadCurrenciesFromPath(const std::string& path) {
+bool TKCurrenciesManager::loadCurrenciesFromPath(const std::string& path, bool* isDamaged) {
     std::error_code ignored;
     if (!std::filesystem::exists(path, ignored)) TKLog("could not load currencies, nothing there.");
     std::string error;
-    auto saved = PropertyList::read(path, &error);
+    auto saved = PropertyList::read(path, &error, isDamaged);
     if (!saved || saved->kind() != PropertyList::Kind::dictionary) {
+        if (saved && isDamaged) *isDamaged = true;
         if (!error.empty()) TKLog("%s", error.c_str());
         TKLog(invalidStore, 1);
         TKLog(invalidStore, 2);
@@ -90,6 +91,7 @@ bool TKCurrenciesManager::loadCurrenciesFromPath(const std::string& path) {
     const bool isOldForm = (*saved)[currenciesKey].kind() != PropertyList::Kind::dictionary;
     if (isOldForm) saved = validCurrencyDictionaryFromOldDataSource(*saved);
     if (saved->isNull()) {
+        if (isDamaged) *isDamaged = true;
         TKLog(invalidStore, 2);
         return false;
     }

@@ -66,9 +66,10 @@ public:
 
     // In this order, once. The first takes a dictionary of rows by code; the second a saved file, which can
     // only change rows that there are. A file that can't be read changes nothing, is reported, and gives
-    // false. The third ties rows to units and enables the units of enabled rows.
+    // false; `isDamaged`, where given, tells whether its bytes could be read. The third ties rows to units
+    // and enables the units of enabled rows.
     void registerDefaultCurrencies(const platform::PropertyList& rows);
-    bool loadCurrenciesFromPath(const std::string& path);
+    bool loadCurrenciesFromPath(const std::string& path, bool* isDamaged = nullptr);
     void completeLoading();
 
     // The old file stays if it fails, which is reported.

@@ -203,10 +203,11 @@ bool TKVariablesManager::saveToPath(const std::string& path, const PropertyList&
     return false;
 }
 
-bool TKVariablesManager::loadFromPath(const std::string& path) {
+bool TKVariablesManager::loadFromPath(const std::string& path, bool* isDamaged) {
     std::string error;
-    const auto saved = PropertyList::read(path, &error);
+    const auto saved = PropertyList::read(path, &error, isDamaged);
     if (!saved || saved->kind() != PropertyList::Kind::dictionary) {
+        if (saved && isDamaged) *isDamaged = true;
         TKLog("Variables: %s", error.empty() ? "the file holds no dictionary" : error.c_str());
         return false;
     }

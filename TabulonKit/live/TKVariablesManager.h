@@ -84,8 +84,9 @@ public:
     // The old file stays if it fails, which is reported.
     bool saveToPath(const std::string& path, const platform::PropertyList& withVersionInfo) const;
 
-    // True if the file was read. What can't be used in it is reported and passed over.
-    bool loadFromPath(const std::string& path);
+    // True if the file was read. What can't be used in it is reported and passed over. `isDamaged`, where
+    // given, tells a file that holds no saved variables from one that couldn't be read.
+    bool loadFromPath(const std::string& path, bool* isDamaged = nullptr);
 
     // Null without a name.
     Variable variableFromDictionaryRepresentation(const platform::PropertyList& dictionary) const;

@@ -2,6 +2,7 @@
 
 #include "Arguments.h"
 #include "CommandFailure.h"
+#include "document/FileWriter.h"
 #include "files/OutputPath.h"
 #include "input/InputFile.h"
 #include "input/LineInput.h"
@@ -29,17 +30,13 @@ std::string textOf(const TCLineCollection& collection) {
     return text;
 }
 
-constexpr bool documentCanHold(char16_t c) {
-    return c >= 0x20 ? c < 0xFFFE : c == u'\t' || c == u'\n' || c == u'\r';
-}
-
 // Characters that no document can hold become spaces, so that words on both sides of one stay apart. Gives
 // how many there were.
 std::size_t replaceControls(const TCLineCollection& collection) {
     std::size_t total = 0;
     for (const auto& line : collection) {
         std::u16string text = line->expressionString().value_or(u"");
-        const auto isControl = [](char16_t c) { return !documentCanHold(c); };
+        const auto isControl = [](char16_t c) { return !TBF::FileWriter::canHold(c); };
         const auto count = std::count_if(text.begin(), text.end(), isControl);
         if (count == 0) continue;
         std::replace_if(text.begin(), text.end(), isControl, u' ');

@@ -106,7 +106,9 @@ public:
     std::optional<bool> asBoolean() const noexcept;
 
     // Files. None if there is an error, of which `error`, where given, then has one sentence with the path.
-    static std::optional<PropertyList> read(const std::string& path, std::string* error = nullptr);
+    // `isDamaged`, where given, tells a file whose bytes are no property list from one that couldn't be read.
+    static std::optional<PropertyList> read(const std::string& path, std::string* error = nullptr,
+                                            bool* isDamaged = nullptr);
     static std::optional<PropertyList> parse(std::string_view bytes, std::string* error = nullptr);
 
     // The old file or the new one is found at the path at any time, never a part. False with an error.

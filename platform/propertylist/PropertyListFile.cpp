@@ -64,10 +64,11 @@ std::optional<PropertyList> PropertyList::parse(std::string_view bytes, std::str
     return list;
 }
 
-std::optional<PropertyList> PropertyList::read(const std::string& path, std::string* error) {
+std::optional<PropertyList> PropertyList::read(const std::string& path, std::string* error, bool* isDamaged) {
     std::string reason;
     const auto bytes = bytesOfFile(path, reason);
     auto list = bytes ? listIn(*bytes, reason) : std::nullopt;
+    if (isDamaged) *isDamaged = bytes && !list;
     if (!list) report(error, path, reason);
     return list;
 }

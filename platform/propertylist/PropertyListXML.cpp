@@ -17,6 +17,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 #include <utility>
 
 namespace platform {
@@ -289,10 +290,7 @@ std::optional<PropertyList> Reader::read(std::string& error) {
     }
     XMLFeed feed(bytes);
     const XMLParser context = feed.makeParser();
-    if (!context) {
-        error = "there is no memory";
-        return std::nullopt;
-    }
+    if (!context) throw std::bad_alloc();
     parser = context.get();
     *context->sax = xmlSAXHandler{};
     context->sax->initialized = XML_SAX2_MAGIC;
@@ -303,6 +301,8 @@ std::optional<PropertyList> Reader::read(std::string& error) {
     context->sax->serror = onError;
     context->userData = this;
     xmlParseDocument(context.get());
+    // Nothing is wrong with the file then.
+    if (context->errNo == XML_ERR_NO_MEMORY) throw std::bad_alloc();
     if (feed.hasTooManyNames()) failure = "over 10,000 different names";
     if (failure.empty() && !context->wellFormed) failure = "not well-formed";
     if (failure.empty() && !result) failure = "no property list";

@@ -122,27 +122,55 @@ class OutputTests(CommandTests):
             self.assert_failure(result, "out", "File too large")
             self.assertEqual(self.names(), ["n.txt"])
 
+    def run_within(self, megabytes, *arguments):
+        bound = megabytes << 20
+        return subprocess.run(
+            [test_command.COMMAND, *arguments],
+            capture_output=True,
+            cwd=self.folder,
+            preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (bound, bound)),
+        )
+
     def test_without_memory_there_is_a_message_and_no_part_of_a_file(self):
         source = self.write("n.txt", "".join(f"Item {i}: {i} * 3\n" for i in range(5000)))
         self.output_of("convert", source, "whole")
         whole = self.content("whole")
         messages = set()
         for megabytes in range(60, 260, 25):
-            bound = megabytes << 20
-            result = subprocess.run(
-                [test_command.COMMAND, "convert", "--force", source, "out"],
-                capture_output=True,
-                cwd=self.folder,
-                preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (bound, bound)),
-            )
-            if result.returncode == 127 or b"MAPM Error" in result.stderr:
-                continue  # not loaded, or without memory for the first number
+            result = self.run_within(megabytes, "convert", "--force", source, "out")
+            if result.returncode == 127:
+                continue  # not even loaded
             messages.add((result.returncode, result.stderr))
             if os.path.exists(self.path("out")):
                 self.assertEqual(self.content("out"), whole)
         writer = (1, b"tabulon: out: can't be written: there is no memory\n")
         self.assertLessEqual(messages, {(0, b""), (1, b"tabulon: there is not enough memory\n"), writer})
         self.assertIn((1, b"tabulon: there is not enough memory\n"), messages)
+
+    def test_every_command_says_in_a_line_that_it_has_no_memory(self):
+        self.write("n.txt", "".join(f"Item {i}: {i} km in miles\n" for i in range(1500)))
+        self.output_of("convert", "n.txt", "n.tabulon")
+        rows = [
+            ("answers", "n.txt"),
+            ("preview", "n.tabulon", "-o", "out"),
+            ("export", "--format", "html-inline", "n.tabulon", "-o", "out"),
+            ("convert", "--force", "n.txt", "out"),
+            ("thumbnail", "n.tabulon", "-o", "out"),
+        ]
+        for arguments in rows:
+            refused = 0
+            for megabytes in range(40, 200, 10):
+                with self.subTest((arguments, megabytes)):
+                    result = self.run_within(megabytes, *arguments)
+                    if result.returncode == 127:
+                        continue  # not even loaded
+                    self.assertIn(result.returncode, (0, 1), result.stderr)
+                    lines = result.stderr.decode().splitlines()
+                    self.assertEqual(len(lines), result.returncode, lines)
+                    refused += result.returncode
+                    for line in lines:  # a library that draws may end its process in its own way
+                        self.assertRegex(line, "^tabulon: .*(memory|can't be drawn|stopped by a fault)")
+            self.assertGreater(refused, 0, arguments)
 
     def test_a_byte_order_mark_is_passed_over(self):
         marked = self.write("n.tabulon", b"\xef\xbb\xbf" + document("1 + 2").encode())

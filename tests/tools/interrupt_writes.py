@@ -1,6 +1,6 @@
 """What becomes of files whose writer is stopped, or has its system calls fail.
 
-interrupt_writes.py TABULON VALUE_SAVER CONTENT [--kills N] [--failures N] [--seed N]
+interrupt_writes.py TABULON VALUE_SAVER CONTENT [--kills N] [--failures N] [--minutes N] [--seed N]
 
 Each writer turns its output from one known state into another. It is killed at a random moment, or one of its
 system calls on the output fails (through strace), or memory ends. Afterwards the output has to be one of the two
@@ -157,19 +157,37 @@ def kill_one(writer, version, chance):
     return child.wait() == -signal.SIGKILL
 
 
-def kills(all_writers, count, chance):
+class Deadline:
+    """The time for one of the two parts, which its writers share evenly."""
+
+    def __init__(self, minutes, count):
+        self.seconds = minutes * 60 / count
+        self.start()
+
+    def start(self):
+        self.end = time.monotonic() + self.seconds
+
+    def is_over(self):
+        return time.monotonic() > self.end
+
+
+def kills(all_writers, count, chance, deadline):
     tallies = {}
     for number, writer in enumerate(all_writers):
+        deadline.start()
         tally = tallies[writer.name] = Tally()
         share = count // len(all_writers) + (number < count % len(all_writers))
         version = 1
         for round_number in range(share):
+            is_last = round_number == share - 1 or deadline.is_over()
             tally.counts["runs"] += 1
             tally.counts["reached"] += kill_one(writer, version, chance)
             tally.judge(writer, version, False, "killed")
-            if round_number % 5 == 4 or round_number == share - 1:
+            if round_number % 5 == 4 or is_last:
                 tally.clean(writer, version)
                 version = 1 - version
+                if is_last:
+                    break
             elif writer.contents() == writer.states[version]:
                 version = 1 - version
             elif writer.contents() != writer.states[1 - version]:  # one of two files is new
@@ -204,15 +222,16 @@ def judge_failure(tally, writer, version, done, what, memory=False):
         tally.fault("false", writer.name, what, done.returncode, message)
 
 
-def failures(all_writers, count, chance):
+def failures(all_writers, count, chance, deadline):
     tallies = {}
     for number, writer in enumerate(all_writers):
+        deadline.start()
         tally = tallies[writer.name] = Tally()
         share = count // len(all_writers) + (number < count % len(all_writers))
         plans = [(calls, errors, on_output(writer)) for calls, errors in FAILURES] + [(MEMORY, ["ENOMEM"], [])] * 2
         counted = {}
         version = 1
-        while tally.counts["runs"] < share:
+        while tally.counts["runs"] < share and not deadline.is_over():
             calls, errors, options = plans[tally.counts["runs"] % len(plans)]
             if calls not in counted:
                 done, lines = traced(writer, version, calls, *options)
@@ -253,14 +272,16 @@ def main():
     parser.add_argument("content")
     parser.add_argument("--kills", type=int, default=2000)
     parser.add_argument("--failures", type=int, default=2000)
+    parser.add_argument("--minutes", type=float, default=600, help="for the kills, and as much for the failures")
     parser.add_argument("--seed", type=int, default=1)
     arguments = parser.parse_args()
     chance = random.Random(arguments.seed)
     with tempfile.TemporaryDirectory() as folder:
         every = list(writers(arguments.tabulon, arguments.saver, arguments.content, pathlib.Path(folder)))
-        faults = report("kills", kills(every, arguments.kills, chance))
+        deadline = Deadline(arguments.minutes, len(every))
+        faults = report("kills", kills(every, arguments.kills, chance, deadline))
         if shutil.which("strace") and subprocess.run(["strace", "-qq", "-o", "/dev/null", "true"]).returncode == 0:
-            faults += report("failures", failures(every, arguments.failures, chance))
+            faults += report("failures", failures(every, arguments.failures, chance, deadline))
         else:
             print("failing system calls left out: there is no strace that may trace")
     return 1 if faults else 0

@@ -127,8 +127,9 @@ TEST(TCFile, equalCharactersAreNoLocale) {
 }
 
 TEST(TCFile, writingReadingAndWritingIsStable) {
+    useEvaluatingEnvironment();
     const auto collection = std::make_shared<TCLineCollection>();
-    fill(*collection, {"Rent: 1200", "", "a < b & \"c\"", "größe = 5", "1\x0B + 2"});
+    fill(*collection, {"Rent: 1200", "", "a < b & \"c\"", "größe = 5", "1 + 2"});
     collection->setTrigonometryMode(2);
     collection->lineAtIndex(1)->setTrigonometryMode(1);
     auto& options = *collection->lineAtIndex(2)->customFormattingOptions();
@@ -140,6 +141,7 @@ TEST(TCFile, writingReadingAndWritingIsStable) {
     const DocumentFile file;
     ASSERT_TRUE(TCFile::archiveToPath(collection, file.path, {{u"name", u"x"}, {u"size", 1.5}}));
     const std::string first = file.contents();
+    EXPECT_THAT(first, HasSubstr("<answer>3</answer>"));
     TCFile read(file.path);
     ASSERT_TRUE(read.lineCollection());
     EXPECT_THAT(textsOf(*read.lineCollection()),
@@ -153,6 +155,21 @@ TEST(TCFile, writingReadingAndWritingIsStable) {
     EXPECT_EQ(read.numberForKey(u"nothing"), std::nullopt);
     ASSERT_TRUE(read.writeToPath(file.path));
     EXPECT_EQ(file.contents(), first);
+}
+
+// "1\x0B + 2" has the answer 2, and what the file holds of it would have another.
+TEST(TCFile, theAnswerOfATextThatCannotBeHeldIsLeftOut) {
+    useEvaluatingEnvironment();
+    const auto collection = std::make_shared<TCLineCollection>();
+    fill(*collection, {"1\x0B + 2", "7 + 2"});
+    ASSERT_TRUE(collection->lineAtIndex(0)->hasResult());
+    const DocumentFile file;
+    ASSERT_TRUE(TCFile::archiveToPath(collection, file.path, {}));
+    EXPECT_THAT(file.contents(), HasSubstr("<expression>1 + 2</expression>"));
+    EXPECT_THAT(file.contents(), HasSubstr("<answer>9</answer>"));
+    const std::string contents = file.contents();
+    EXPECT_EQ(contents.find("<answer>"), contents.rfind("<answer>")) << contents;
+    EXPECT_THAT(textsOf(*TCFile::lineCollectionFromPath(file.path)), ElementsAre("1 + 2", "7 + 2"));
 }
 
 TEST(TCFile, aTestFileHasExpectations) {

@@ -15,6 +15,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
@@ -35,7 +36,7 @@ struct RecordedStocks final : TKStocksLoading {
 
     explicit RecordedStocks(std::vector<std::string>& recorded)
         : calls(recorded) {}
-    bool loadFromPath(const std::string& path) override {
+    bool loadFromPath(const std::string& path, bool*) override {
         calls.push_back("load " + fs::path(path).parent_path().filename().string());
         return true;
     }
@@ -68,6 +69,16 @@ struct RecordedDelegate final : TKEnvironmentDelegate {
 
 class TKEnvironmentTests : public ContentTesting::Test {
 protected:
+    std::string bytesOf(const char* name) const {
+        std::ifstream file(dataFolder / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    std::vector<std::string> namesInDataFolder() const {
+        std::vector<std::string> names;
+        for (const auto& entry : fs::directory_iterator(dataFolder))
+            names.push_back(entry.path().filename().string());
+        return names;
+    }
     void post(std::string_view name, std::shared_ptr<void> object = nullptr) {
         platform::NotificationCenter::shared().post(name, std::move(object));
         RunLoopTesting::runFor(0);
@@ -128,6 +139,69 @@ TEST_F(TKEnvironmentTests, DamagedFilesArePassedOverAndKeptAsideWhenSaved) {
     EXPECT_EQ(saved("Variables.plist")["TKVariables"].array().size(), 4u);
     EXPECT_TRUE(fs::exists(dataFolder / "Variables.plist.damaged"));
     EXPECT_TRUE(fs::exists(dataFolder / "Currencies.plist")) << "nothing to save: it stays where it is";
+}
+
+// A file whose bytes can't be had may be all that the user has.
+TEST_F(TKEnvironmentTests, AFileThatCannotBeReadIsNotSavedOver) {
+    const auto variable = [](const char* name) {
+        return Dictionary{
+            {"TKVariables", ContentTesting::Array{Dictionary{{"name", name}, {"value", "950"}}}}};
+    };
+    write("Variables.plist", variable("rent"));
+    const fs::path path = dataFolder / "Variables.plist";
+    build();
+    environment->setStocksEnabled(false);
+    environment->setCurrenciesEnabled(false);
+    fs::rename(path, root / "kept");
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0); // opens, but there are no bytes of a file
+    environment->loadFromBundleAtPath(content.string());
+    environment->completeLoading();
+    fs::rename(root / "kept", path);
+
+    testing::internal::CaptureStderr();
+    environment->variablesManager()->addVariableNamed(u"mine");
+    RunLoopTesting::runFor(0);
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("couldn't be read"));
+    EXPECT_FALSE(environment->saveToDirectory(dataFolder.string()));
+    EXPECT_EQ(saved("Variables.plist")["TKVariables"].at(0)["name"].string(), "rent");
+    EXPECT_THAT(namesInDataFolder(), ElementsAre("Variables.plist"));
+
+    environment->loadFromBundleAtPath(content.string());
+    environment->completeLoading();
+    environment->variablesManager()->addVariableNamed(u"mine");
+    RunLoopTesting::runFor(0);
+    EXPECT_EQ(saved("Variables.plist")["TKVariables"].array().size(), 2u) << "it could be read this time";
+}
+
+TEST_F(TKEnvironmentTests, ADamagedFileStaysWhereItIsUntilTheNewOneIsThere) {
+    writeBytes("Variables.plist", "damaged");
+    load();
+    rlimit bound = {};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &bound), 0);
+    const rlimit tooSmall = {32, bound.rlim_max};
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &tooSmall);
+    EXPECT_FALSE(environment->saveToDirectory(dataFolder.string()));
+    setrlimit(RLIMIT_FSIZE, &bound);
+    std::signal(SIGXFSZ, oldHandler);
+    EXPECT_EQ(bytesOf("Variables.plist"), "damaged");
+    EXPECT_FALSE(fs::exists(dataFolder / "Variables.plist.damaged"));
+
+    writeBytes("Variables.plist.damaged", "older");
+    EXPECT_TRUE(environment->saveToDirectory(dataFolder.string()));
+    EXPECT_EQ(saved("Variables.plist")["TKVariables"].array().size(), 3u);
+    EXPECT_EQ(bytesOf("Variables.plist.damaged"), "older");
+    EXPECT_EQ(bytesOf("Variables.plist.damaged-2"), "damaged");
+}
+
+TEST_F(TKEnvironmentTests, WhatALinkLeadsToIsKeptWhenItIsDamaged) {
+    std::ofstream(root / "elsewhere") << "damaged";
+    fs::create_symlink(root / "elsewhere", dataFolder / "Variables.plist");
+    load();
+    EXPECT_TRUE(environment->saveToDirectory(dataFolder.string()));
+    EXPECT_TRUE(fs::is_symlink(dataFolder / "Variables.plist"));
+    EXPECT_EQ(saved("Variables.plist")["TKVariables"].array().size(), 3u);
+    EXPECT_EQ(bytesOf("Variables.plist.damaged"), "damaged");
 }
 
 TEST_F(TKEnvironmentTests, WhatIsMissingCostsOnlyItself) {

@@ -223,7 +223,7 @@ private:
         // line declares, mean something else now.
         bool spellingsChanged = false;
     };
-    NameChanges updateInternalVariableList(const std::unordered_set<std::u16string>& changedNames,
+    NameChanges updateInternalVariableList(const TCLineDeclarationIndex::Names& changedNames,
                                            bool positionsChanged);
     TCLineIndexSet unparseLinesThatMayUse(const std::vector<std::u16string>& names); // which those are
     TCLineIndexSet directLineCollectionVariableOwnersForLine(const TCLine& line) const;

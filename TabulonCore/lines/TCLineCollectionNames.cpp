@@ -82,7 +82,7 @@ void TCLineCollection::removeVariableIfNeeded(const std::shared_ptr<TCLineCollec
 }
 
 TCLineCollection::NameChanges
-TCLineCollection::updateInternalVariableList(const std::unordered_set<std::u16string>& changedNames,
+TCLineCollection::updateInternalVariableList(const TCLineDeclarationIndex::Names& changedNames,
                                              bool positionsChanged) {
     NameChanges changes;
     const auto list = variables();
@@ -90,7 +90,8 @@ TCLineCollection::updateInternalVariableList(const std::unordered_set<std::u16st
     const auto hasOtherSpelling = [&](const std::u16string& name) {
         return list->containsVariableWithName(name, true, false);
     };
-    for (const std::u16string& name : changedNames) {
+    for (const TCLineDeclarationIndex::Name& changedName : changedNames) {
+        const std::u16string name = changedName->utf16();
         auto variable = lineCollectionVariableWithName(name, true);
         const bool isDeclared = !linesDeclaringVariableWithName(name).empty();
         if (variable) {
@@ -100,7 +101,7 @@ TCLineCollection::updateInternalVariableList(const std::unordered_set<std::u16st
         } else {
             if (!isDeclared) continue;
             changes.spellingsChanged |= hasOtherSpelling(name);
-            variable = TCLineCollectionVariable::variableWithName(name);
+            variable = TCLineCollectionVariable::variableWithName(changedName);
             updateLineCollectionVariableOwnership(*variable);
             list->addVariable(variable);
         }
@@ -109,8 +110,8 @@ TCLineCollection::updateInternalVariableList(const std::unordered_set<std::u16st
     }
     if (!positionsChanged) return changes;
     // The only declaration of a name rules all lines wherever it stands.
-    for (const std::u16string& name : declarations.namesDeclaredRepeatedly())
-        if (const auto variable = lineCollectionVariableWithName(name, true))
+    for (const TCLineDeclarationIndex::Name& name : declarations.namesDeclaredRepeatedly())
+        if (const auto variable = lineCollectionVariableWithName(name->utf16(), true))
             updateLineCollectionVariableOwnership(*variable);
     return changes;
 }

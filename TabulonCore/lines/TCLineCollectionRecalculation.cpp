@@ -100,7 +100,7 @@ void TCLineCollection::processChanges() {
 
 // A name that comes or goes changes how lines read: those are among the changed ones afterwards.
 bool TCLineCollection::bringNamesUpToDate(TCChangedLineIndexes& change) {
-    const std::unordered_set<std::u16string> changedNames = declarations.takeChangedNames();
+    const TCLineDeclarationIndex::Names changedNames = declarations.takeChangedNames();
     const NameChanges names = updateInternalVariableList(changedNames, change.positionsChanged);
     change.changed.add(unparseLinesThatMayUse(names.comeAndGone));
     if (names.spellingsChanged) change.changed = TCLineIndexSet::withRange(0, lines.size());
@@ -285,7 +285,7 @@ void TCLineCollection::evaluateAllLinesWithReportingMode(int32_t mode) {
         lines[i]->clearCaches();
     changeProcessingEnabled = wasEnabled;
     const TCLineIndexSet all = TCLineIndexSet::withRange(0, lines.size());
-    const std::unordered_set<std::u16string> changedNames = declarations.takeChangedNames();
+    const TCLineDeclarationIndex::Names changedNames = declarations.takeChangedNames();
     updateInternalVariableList(changedNames, false); // all lines have lost their parsed forms
     parseAllLines();
     updateDependencyGraph(TCChangedLineIndexes(), !changedNames.empty());

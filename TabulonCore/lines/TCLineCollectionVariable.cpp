@@ -11,8 +11,13 @@
 
 std::shared_ptr<TCLineCollectionVariable>
 TCLineCollectionVariable::variableWithName(std::u16string_view name, std::shared_ptr<TCLine> line) {
+    return variableWithName(TBF::String::create(name), std::move(line));
+}
+
+std::shared_ptr<TCLineCollectionVariable>
+TCLineCollectionVariable::variableWithName(TBF::Ref<TBF::String> name, std::shared_ptr<TCLine> line) {
     auto foundation = TBF::Variable::create();
-    foundation->setName(TBF::String::create(name));
+    foundation->setName(std::move(name));
     auto variable = std::make_shared<TCLineCollectionVariable>(Passkey(), std::move(foundation));
     variable->addOwnerLine(line, wholeRange);
     variable->setLine(std::move(line));

@@ -24,6 +24,8 @@ public:
     // Without a value. A line that isn't null becomes the owner of all line indexes.
     static std::shared_ptr<TCLineCollectionVariable> variableWithName(std::u16string_view name,
                                                                       std::shared_ptr<TCLine> line = nullptr);
+    static std::shared_ptr<TCLineCollectionVariable> variableWithName(TBF::Ref<TBF::String> name,
+                                                                      std::shared_ptr<TCLine> line = nullptr);
     TCLineCollectionVariable(Passkey key, TBF::Ref<TBF::Variable> variable);
     ~TCLineCollectionVariable() override;
 

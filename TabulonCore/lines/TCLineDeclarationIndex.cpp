@@ -30,21 +30,24 @@ void TCLineDeclarationIndex::update(const std::shared_ptr<TCLine>& line) {
         line->lineType() == TCLineTypeVariableDeclaration ? line->variableDeclaration() : nullptr;
     const auto known = nameByLine.find(line.get());
     if (known != nameByLine.end()) {
-        if (declaration && declaration->name() == known->second->first) return;
+        if (declaration && declaration->name() == known->second->first->view()) return;
         remove(line);
     }
     if (!declaration) return;
-    LinesByName::value_type& named = *linesByName.try_emplace(declaration->name()).first;
+    auto place = linesByName.find(std::u16string_view(declaration->name()));
+    if (place == linesByName.end())
+        place = linesByName.try_emplace(TBF::String::create(declaration->name())).first;
+    LinesByName::value_type& named = *place;
     nameByLine.emplace(line.get(), &named);
     named.second.insert(line);
-    if (named.second.size() > 1) repeatedNames.insert(declaration->name());
-    changedNames.insert(declaration->name());
+    if (named.second.size() > 1) repeatedNames.insert(named.first);
+    changedNames.insert(named.first);
 }
 
 void TCLineDeclarationIndex::remove(const std::shared_ptr<TCLine>& line) {
     const auto known = nameByLine.find(line.get());
     if (known == nameByLine.end()) return;
-    const std::u16string name = known->second->first;
+    const Name name = known->second->first;
     Declaring& declaring = known->second->second;
     nameByLine.erase(known);
     declaring.erase(line);
@@ -67,7 +70,7 @@ void TCLineDeclarationIndex::noteMove(const std::shared_ptr<TCLine>& line) {
 }
 
 std::vector<std::shared_ptr<TCLine>>
-TCLineDeclarationIndex::linesDeclaring(const std::u16string& name) const {
+TCLineDeclarationIndex::linesDeclaring(std::u16string_view name) const {
     const auto named = linesByName.find(name);
     if (named == linesByName.end()) return {};
     const Declaring& declaring = named->second;
@@ -83,6 +86,6 @@ bool TCLineDeclarationIndex::hasDeclarationOnOrAfterIndex(std::size_t index) con
                        [&](const auto& entry) { return entry.first->index() >= index; });
 }
 
-std::unordered_set<std::u16string> TCLineDeclarationIndex::takeChangedNames() {
+TCLineDeclarationIndex::Names TCLineDeclarationIndex::takeChangedNames() {
     return std::exchange(changedNames, {});
 }

@@ -1,5 +1,7 @@
 #include "lines/TCLineIndexSet.h"
 
+#include "lines/TCLineCollection.h"
+
 #include <algorithm>
 #include <iterator>
 #include <numeric>
@@ -16,7 +18,8 @@ TCLineIndexSet::TCLineIndexSet(std::vector<std::size_t> indexes)
 
 TCLineIndexSet TCLineIndexSet::withRange(std::size_t location, std::size_t length) {
     TCLineIndexSet result;
-    result.members.resize(length);
+    constexpr std::size_t most = TCLineCollection::mostLines;
+    result.members.resize(std::min(length, most - std::min(location, most)));
     std::iota(result.members.begin(), result.members.end(), location);
     return result;
 }

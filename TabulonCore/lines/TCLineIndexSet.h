@@ -19,7 +19,7 @@ public:
     // In any order, with or without repetitions.
     explicit TCLineIndexSet(std::vector<std::size_t> indexes);
 
-    // The positions from `location` on, `length` of them.
+    // The positions from `location` on, `length` of them, as far as a document may reach.
     static TCLineIndexSet withRange(std::size_t location, std::size_t length);
 
     void add(std::size_t index);

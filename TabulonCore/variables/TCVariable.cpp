@@ -97,10 +97,24 @@ TCVariable::~TCVariable() {
     if (foundationVariable->wrapperObject() == this) foundationVariable->setWrapperObject(nullptr);
 }
 
+TCVariable::Texts& TCVariable::madeTexts() const {
+    if (!ownTexts) ownTexts = std::make_unique<Texts>();
+    return *ownTexts;
+}
+
+const TCVariable::Texts& TCVariable::texts() const {
+    static const Texts& none = *new Texts;
+    return ownTexts ? *ownTexts : none;
+}
+
+void TCVariable::setLocalizedText(std::optional<std::u16string> text) const {
+    if (text || ownTexts) madeTexts().localized = std::move(text);
+}
+
 std::shared_ptr<TCVariable> TCVariable::copy() const {
     auto twin = variableWithName(name(), delocalizedValue(), resultFlags(), ownUnit);
     twin->locale = locale;
-    twin->localizedText = localizedText;
+    twin->setLocalizedText(texts().localized);
     return twin;
 }
 
@@ -115,7 +129,7 @@ std::optional<std::u16string> TCVariable::name() const {
 bool TCVariable::changeName(std::u16string_view newName) {
     saveState();
     if (!foundationVariable->setName(TBF::String::create(newName))) return false;
-    if (owningList) owningList->variableDidUpdateName(*this, stateBefore.name(), std::u16string(newName));
+    if (owningList) owningList->variableDidUpdateName(*this, previousState().name(), std::u16string(newName));
     return true;
 }
 
@@ -131,8 +145,8 @@ void TCVariable::addAlias(std::u16string_view alias) {
 }
 
 std::optional<std::u16string> TCVariable::localizedValue() const {
-    if (!localizedText) localizedText = localizedValueFromDelocalizedValue(delocalizedValue());
-    return localizedText;
+    if (!texts().localized) setLocalizedText(localizedValueFromDelocalizedValue(delocalizedValue()));
+    return texts().localized;
 }
 
 std::optional<std::u16string> TCVariable::delocalizedValue() const {
@@ -146,9 +160,9 @@ void TCVariable::setValue(std::optional<std::u16string> text) {
 
 bool TCVariable::setLocalizedValue(std::optional<std::u16string> text) {
     if (text && text->empty()) text.reset();
-    if (text && text == localizedText) return false;
+    if (text && text == texts().localized) return false;
     setDelocalizedValue(delocalizedValueFromLocalizedValue(text), resultFlags(), ownUnit);
-    localizedText = std::move(text);
+    setLocalizedText(std::move(text));
     return true;
 }
 
@@ -159,7 +173,7 @@ bool TCVariable::setDelocalizedValue(std::optional<std::u16string> text, uint32_
     if (text && text->empty()) text.reset();
     const TBFRange scopes = scopesOf(scopeRange);
     const bool isLast = scopes.runsToEnd(); // the value that is told without a place
-    if (isLast && text != delocalizedValue()) localizedText.reset();
+    if (isLast && text != delocalizedValue()) setLocalizedText(std::nullopt);
     foundationVariable->setValue(stringOf(text), flags & TBFResultFlagPercent, containerOf(newUnit), scopes);
     if (isLast) ownUnit = std::move(newUnit);
     return true;
@@ -215,8 +229,8 @@ platform::PropertyList TCVariable::dictionaryRepresentation() const {
     if (resultFlags() != 0) dictionary.set("resultFlags", static_cast<int64_t>(resultFlags()));
     dictionary.set("enabled", isEnabled);
     dictionary.set("type", static_cast<int64_t>(tag));
-    setText("infoDescription", description);
-    setText("identifier", ownIdentifier);
+    setText("infoDescription", infoDescription());
+    setText("identifier", identifier());
     return dictionary;
 }
 
@@ -244,7 +258,7 @@ void TCVariable::setLocaleWithDecimalPoint(TBFChar decimalPoint, TBFChar thousan
     const std::optional<std::u16string> text = localizedValue();
     locale = newLocale;
     setDelocalizedValue(delocalizedValueFromLocalizedValue(text), resultFlags(), ownUnit);
-    localizedText = text;
+    setLocalizedText(text);
     if (owningList) owningList->variableDidUpdateValue(*this);
 }
 

@@ -75,8 +75,8 @@ public:
     void addAlias(std::u16string_view alias);
 
     // Notes the present name; `changeName` does so itself.
-    void saveState() { stateBefore.updateWithVariable(*this); }
-    const TCVariableState& previousState() const { return stateBefore; }
+    void saveState() { madeTexts().stateBefore.updateWithVariable(*this); }
+    const TCVariableState& previousState() const { return texts().stateBefore; }
 
     // The value in the characters of this variable's locale, and with "." as decimal point.
     std::optional<std::u16string> value() const { return localizedValue(); }
@@ -115,10 +115,12 @@ public:
     // Tags for the caller.
     int32_t type() const { return tag; }
     void setType(int32_t newType) { tag = newType; }
-    const std::optional<std::u16string>& infoDescription() const { return description; }
-    void setInfoDescription(std::optional<std::u16string> text) { description = std::move(text); }
-    const std::optional<std::u16string>& identifier() const { return ownIdentifier; }
-    void setIdentifier(std::optional<std::u16string> text) { ownIdentifier = std::move(text); }
+    const std::optional<std::u16string>& infoDescription() const { return texts().description; }
+    void setInfoDescription(std::optional<std::u16string> text) {
+        madeTexts().description = std::move(text);
+    }
+    const std::optional<std::u16string>& identifier() const { return texts().identifier; }
+    void setIdentifier(std::optional<std::u16string> text) { madeTexts().identifier = std::move(text); }
 
     // The same text under other characters, which may be another number; or the same number, rewritten.
     // Nothing happens for two equal characters, or for those that stand.
@@ -150,14 +152,22 @@ private:
     void setUnitNamed(std::u16string_view name);
     bool isNoNewLocale(TCSimpleLocale newLocale) const;
 
+    // What most variables never have, and a document may declare a hundred thousand.
+    struct Texts {
+        std::optional<std::u16string> localized; // the value; none until asked for
+        std::optional<std::u16string> description;
+        std::optional<std::u16string> identifier;
+        TCVariableState stateBefore;
+    };
+    Texts& madeTexts() const;
+    const Texts& texts() const; // empty ones where there are none
+    void setLocalizedText(std::optional<std::u16string> text) const;
+
     TBF::Ref<TBF::Variable> foundationVariable;
-    mutable std::optional<std::u16string> localizedText; // none until asked for
+    mutable std::unique_ptr<Texts> ownTexts; // null until there are some
     bool isEnabled = true;
-    Unit ownUnit;
     TCSimpleLocale locale = TCSimpleLocale::standardLocale();
-    TCVariableList* owningList = nullptr;
-    TCVariableState stateBefore;
-    std::optional<std::u16string> description;
     int32_t tag = 0;
-    std::optional<std::u16string> ownIdentifier;
+    Unit ownUnit;
+    TCVariableList* owningList = nullptr;
 };

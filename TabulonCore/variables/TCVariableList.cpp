@@ -13,8 +13,9 @@
 
 namespace {
 
-std::u16string keyOf(const TCVariable& variable) {
-    return variable.name().value_or(std::u16string());
+TBF::Ref<TBF::String> keyOf(const TCVariable& variable) {
+    TBF::String* const name = variable.tbfVariable()->name();
+    return name ? TBF::retain(name) : TBF::String::empty();
 }
 
 } // namespace
@@ -78,7 +79,7 @@ std::vector<std::u16string> TCVariableList::variableNames() const {
     std::vector<std::u16string> names;
     names.reserve(listed.size());
     for (const auto& [name, variable] : listed)
-        names.push_back(name);
+        names.push_back(name->utf16());
     return names;
 }
 
@@ -104,7 +105,7 @@ std::shared_ptr<TCVariable> TCVariableList::variableWithName(std::u16string_view
 // Lists that share a foundation variable, as a standard one, each have an object of their own over it.
 std::shared_ptr<TCVariable> TCVariableList::listedVariable(const TBF::Variable& variable) const {
     if (!variable.name()) return nullptr;
-    const auto [first, last] = listed.equal_range(variable.name()->utf16());
+    const auto [first, last] = listed.equal_range(variable.name());
     const auto place = std::find_if(
         first, last, [&](const auto& entry) { return entry.second->tbfVariable() == &variable; });
     return place == last ? nullptr : place->second;
@@ -112,7 +113,7 @@ std::shared_ptr<TCVariable> TCVariableList::listedVariable(const TBF::Variable& 
 
 // The name may be out of date for a variable that was renamed while another list was the one it tells.
 TCVariableList::Listed::const_iterator TCVariableList::placeOf(const TCVariable& variable,
-                                                               const std::u16string& name) const {
+                                                               std::u16string_view name) const {
     const auto isIt = [&](const auto& entry) { return entry.second.get() == &variable; };
     const auto [first, last] = listed.equal_range(name);
     const auto place = std::find_if(first, last, isIt);
@@ -176,13 +177,13 @@ void TCVariableList::addVariableWithName(std::u16string_view name, std::optional
 void TCVariableList::addVariableWithoutAddingToTBFVariableList(const std::shared_ptr<TCVariable>& variable) {
     if (!variable) return;
     const std::shared_ptr<TCVariable> held = variable; // the argument may stand in `listed`
-    std::u16string name = keyOf(*held);
+    TBF::Ref<TBF::String> name = keyOf(*held);
     for (auto place = listed.find(name); place != listed.end(); place = listed.find(name)) {
         if (place->second != held) list->remove(*place->second->tbfVariable());
         letGo(place);
     }
     if (held->variableList()) // it may be listed here under the name it had
-        if (const auto place = placeOf(*held, name); place != listed.end()) listed.erase(place);
+        if (const auto place = placeOf(*held, name->view()); place != listed.end()) listed.erase(place);
     listed.emplace(std::move(name), held);
     held->setVariableList(this);
     registerStateChange();
@@ -191,7 +192,7 @@ void TCVariableList::addVariableWithoutAddingToTBFVariableList(const std::shared
 void TCVariableList::removeVariable(const std::shared_ptr<TCVariable>& variable) {
     if (!variable) return;
     const std::shared_ptr<TCVariable> held = variable; // the argument may stand in `listed`
-    const auto place = placeOf(*held, keyOf(*held));
+    const auto place = placeOf(*held, keyOf(*held)->view());
     if (place == listed.end()) return;
     letGo(place);
     removeFromTBFVariableList(*held);
@@ -226,7 +227,7 @@ void TCVariableList::variableDidUpdateName(TCVariable& variable, const std::opti
     const auto place = placeOf(variable, oldName.value_or(std::u16string()));
     if (place != listed.end()) {
         auto entry = listed.extract(place);
-        entry.key() = newName;
+        entry.key() = TBF::String::create(newName);
         listed.insert(std::move(entry));
     }
     registerStateChange();

@@ -6,6 +6,7 @@
 
 #include "names/variables/VariableList.h"
 #include "runtime/Ref.h"
+#include "runtime/String.h"
 
 #include <cstdint>
 #include <memory>
@@ -101,9 +102,10 @@ public:
     TBF::VariableList* combinedTBFVariableList() const { return list.get(); }
 
 private:
-    using Listed = std::unordered_multimap<std::u16string, std::shared_ptr<TCVariable>>;
+    using Listed = std::unordered_multimap<TBF::Ref<TBF::String>, std::shared_ptr<TCVariable>,
+                                           TBF::StringContentHash, TBF::StringContentEqual>;
 
-    Listed::const_iterator placeOf(const TCVariable& variable, const std::u16string& name) const;
+    Listed::const_iterator placeOf(const TCVariable& variable, std::u16string_view name) const;
     std::shared_ptr<TCVariable> listedVariable(const TBF::Variable& variable) const;
     void letGo(Listed::const_iterator place);
     void removeFromTBFVariableList(const TCVariable& variable);
@@ -112,7 +114,7 @@ private:
     TBF::Ref<TBF::VariableList> list;
     std::shared_ptr<TCVariableList> parent;
 
-    // By exact name. Those of one name are a variable and disabled ones that it was renamed like.
+    // By exact name, mostly the variable's own text. Those of one name are a variable and disabled ones that it was renamed like.
     Listed listed;
     uint64_t changes = 0;
     TCVariableListDelegate* observer = nullptr;

@@ -1,5 +1,7 @@
 #include "document/FileLinesNode.h"
 
+#include "runtime/TBFLog.h"
+
 namespace TBF {
 
 namespace {
@@ -16,14 +18,20 @@ CompatibilityKeys& compatibilityKeys() {
 
 } // namespace
 
+FileLine* FileLinesNode::lineWithinBounds(std::size_t index) {
+    if (index < mostLines) return &lineAt(index);
+    TBFErrorLog("a document has at most %zu lines, and so none at index %zu", mostLines, index);
+    return nullptr;
+}
+
 void FileLinesNode::setDecimalPlaces_0_5(std::size_t index, int64_t places) {
-    lineAt(index).formattingAttributes.set(compatibilityKeys().decimalPlaces,
-                                           String::createWithInteger(places));
+    if (FileLine* const line = lineWithinBounds(index))
+        line->formattingAttributes.set(compatibilityKeys().decimalPlaces, String::createWithInteger(places));
 }
 
 void FileLinesNode::setTrigonometryMode_0_5(std::size_t index, int64_t mode) {
-    lineAt(index).formattingAttributes.set(compatibilityKeys().trigonometryMode,
-                                           String::createWithInteger(mode));
+    if (FileLine* const line = lineWithinBounds(index))
+        line->formattingAttributes.set(compatibilityKeys().trigonometryMode, String::createWithInteger(mode));
 }
 
 void FileLinesNode::setBackwardsCompatibilityFormattingAttributesDecimalPlacesKey(Ref<String> key) {

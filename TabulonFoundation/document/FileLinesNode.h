@@ -34,6 +34,9 @@ public:
         return lines[index];
     }
 
+    // The same for an index from outside. Null, with a word in the log, past what a document may have.
+    FileLine* lineWithinBounds(std::size_t index);
+
     // Null behind the last line.
     const FileLine* find(std::size_t index) const noexcept {
         return index < lines.size() ? &lines[index] : nullptr;

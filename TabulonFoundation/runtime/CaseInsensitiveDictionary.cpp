@@ -16,17 +16,18 @@ CaseInsensitiveDictionary::Node* CaseInsensitiveDictionary::findNode(const Nodes
     return found != nodes.end() ? found->second : nullptr;
 }
 
-void CaseInsensitiveDictionary::store(Node& node, Nodes& nodes, String& storedKey) {
-    node.storedKey = TBF::retain(&storedKey);
-    node.storedDictionary = &nodes;
-    storedKeys.add(storedKey.hash());
-    nodes.insert_or_assign(node.storedKey, &node);
+void CaseInsensitiveDictionary::store(Node& node, bool needsExactKey) {
+    node.needsExactKey = needsExactKey;
+    const Ref<String>& key = needsExactKey ? node.givenKey : node.siblingsKey;
+    storedKeys.add(key->hash());
+    dictionaryOf(node).insert_or_assign(key, &node);
 }
 
 void CaseInsensitiveDictionary::takeOut(Node& node) {
     // Another node may have taken the place when entries with and without case sensitivity are mixed.
-    const auto found = node.storedDictionary->find(node.storedKey);
-    if (found != node.storedDictionary->end() && found->second == &node) node.storedDictionary->erase(found);
+    Nodes& nodes = dictionaryOf(node);
+    const auto found = nodes.find(node.needsExactKey ? node.givenKey : node.siblingsKey);
+    if (found != nodes.end() && found->second == &node) nodes.erase(found);
 }
 
 void CaseInsensitiveDictionary::setItem(void* item, String& key, bool caseSensitive, void** replacedOut) {
@@ -43,7 +44,7 @@ void CaseInsensitiveDictionary::setItem(void* item, String& key, String& lowerca
         if (item) add(item, key, lowercaseKey, caseSensitive);
         return;
     }
-    if (node->storedDictionary == &caseInsensitiveItems && !node->givenKey->equals(key)) {
+    if (!node->needsExactKey && !node->givenKey->equals(key)) {
         // Another casing than the one that is known adds a spelling, and removes nothing.
         if (item) addSecondSpelling(*node, item, key, lowercaseKey, caseSensitive);
         return;
@@ -55,50 +56,48 @@ void CaseInsensitiveDictionary::setItem(void* item, String& key, String& lowerca
     if (node->caseSensitive != caseSensitive) {
         takeOut(*node);
         node->givenKey = TBF::retain(&key);
-        if (caseSensitive) {
-            store(*node, caseSensitiveItems, key);
-        } else {
-            store(*node, caseInsensitiveItems, lowercaseKey);
-        }
+        store(*node, caseSensitive);
         node->caseSensitive = caseSensitive;
     }
     void* const replaced = std::exchange(node->item, item);
     if (replacedOut) *replacedOut = replaced;
 }
 
+CaseInsensitiveDictionary::Node& CaseInsensitiveDictionary::addSibling(Siblings& siblings, void* item,
+                                                                       String& key, String& lowercaseKey,
+                                                                       bool caseSensitive) {
+    siblings = std::make_unique<Node>(item, key, lowercaseKey, std::move(siblings), caseSensitive);
+    return *siblings;
+}
+
 void CaseInsensitiveDictionary::add(void* item, String& key, String& lowercaseKey, bool caseSensitive) {
     Siblings& siblings = itemsByLowercaseKey[TBF::retain(&lowercaseKey)];
-    const bool anyCase = siblings.empty() && !caseSensitive;
-    Node& node = *siblings.emplace_back(std::make_unique<Node>(
-        Node{item, nullptr, TBF::retain(&key), TBF::retain(&lowercaseKey), nullptr, caseSensitive}));
-    if (anyCase) {
-        store(node, caseInsensitiveItems, lowercaseKey);
-    } else {
-        store(node, caseSensitiveItems, key);
-    }
+    const bool anyCase = !siblings && !caseSensitive;
+    store(addSibling(siblings, item, key, lowercaseKey, caseSensitive), !anyCase);
 }
 
 void CaseInsensitiveDictionary::addSecondSpelling(Node& first, void* item, String& key, String& lowercaseKey,
                                                   bool caseSensitive) {
     takeOut(first);
-    store(first, caseSensitiveItems, *first.givenKey);
+    store(first, true);
     Siblings& siblings = itemsByLowercaseKey[TBF::retain(&lowercaseKey)];
-    Node& node = *siblings.emplace_back(std::make_unique<Node>(
-        Node{item, nullptr, TBF::retain(&key), TBF::retain(&lowercaseKey), nullptr, caseSensitive}));
-    store(node, caseSensitiveItems, key);
+    store(addSibling(siblings, item, key, lowercaseKey, caseSensitive), true);
 }
 
 void CaseInsensitiveDictionary::remove(Node& node) {
     takeOut(node);
     const Ref<String> lowercaseKey = node.siblingsKey;
     Siblings& siblings = itemsByLowercaseKey[lowercaseKey];
-    std::erase_if(siblings, [&node](const std::unique_ptr<Node>& sibling) { return sibling.get() == &node; });
-    if (siblings.size() != 1) return;
+    Siblings* place = &siblings;
+    while (place->get() != &node)
+        place = &(*place)->next;
+    const Siblings removed = std::exchange(*place, std::move(node.next));
+    if (!siblings || siblings->next) return;
     // The only spelling that is left is found in any case again.
-    Node& last = *siblings.front();
-    if (last.storedDictionary != &caseSensitiveItems || last.caseSensitive) return;
+    Node& last = *siblings;
+    if (!last.needsExactKey || last.caseSensitive) return;
     takeOut(last);
-    store(last, caseInsensitiveItems, *lowercaseKey);
+    store(last, false);
 }
 
 void* CaseInsensitiveDictionary::find(const HashedText& key, const HashedText& lowercaseKey,

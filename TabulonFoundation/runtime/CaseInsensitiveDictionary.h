@@ -18,6 +18,7 @@
 #include <mutex>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace TBF {
@@ -54,33 +55,51 @@ private:
 
     struct Node;
     using Nodes = std::unordered_map<Ref<String>, Node*, StringContentHash, StringContentEqual>;
-    using Siblings = std::vector<std::unique_ptr<Node>>;
 
+    // The nodes of one lowercase key, one after the other: nearly always one.
+    using Siblings = std::unique_ptr<Node>;
+
+    // A document may declare a hundred thousand names, so a node is small.
     struct Node {
+        Node(void* value, String& key, String& lowercaseKey, Siblings others, bool isCaseSensitive)
+            : item(value)
+            , givenKey(TBF::retain(&key))
+            , siblingsKey(TBF::retain(&lowercaseKey))
+            , next(std::move(others))
+            , caseSensitive(isCaseSensitive) {}
+        ~Node() { // one by one: a name may have very many spellings
+            while (next)
+                next = std::move(next->next);
+        }
+
         void* item;
-        Ref<String> storedKey;   // the key in its dictionary
         Ref<String> givenKey;    // the key as it was given
         Ref<String> siblingsKey; // the lowercase key under which it is owned
-        Nodes* storedDictionary;
+        Siblings next;
         bool caseSensitive;
+        bool needsExactKey = false; // in which dictionary it stands, and so under which key
     };
 
     CaseInsensitiveDictionary() = default;
     ~CaseInsensitiveDictionary() override = default;
 
     Node* findNode(const Nodes& nodes, const HashedText& key) const;
-    void store(Node& node, Nodes& nodes, String& storedKey);
-    static void takeOut(Node& node);
+    Nodes& dictionaryOf(const Node& node) {
+        return node.needsExactKey ? caseSensitiveItems : caseInsensitiveItems;
+    }
+    void store(Node& node, bool needsExactKey);
+    void takeOut(Node& node);
 
     void add(void* item, String& key, String& lowercaseKey, bool caseSensitive);
     void addSecondSpelling(Node& first, void* item, String& key, String& lowercaseKey, bool caseSensitive);
+    Node& addSibling(Siblings& siblings, void* item, String& key, String& lowercaseKey, bool caseSensitive);
     void remove(Node& node);
 
     HashFilter storedKeys;      // of both
     Nodes caseSensitiveItems;   // found by their exact key
     Nodes caseInsensitiveItems; // found by any casing, stored under the lowercase key
 
-    // Owns every node. The arrays stay when they are empty.
+    // Owns every node. The keys stay when they have none.
     std::unordered_map<Ref<String>, Siblings, StringContentHash, StringContentEqual> itemsByLowercaseKey;
     std::mutex mutex;
 };

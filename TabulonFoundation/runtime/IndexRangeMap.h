@@ -62,16 +62,28 @@ private:
     IndexRangeMap() = default;
     ~IndexRangeMap() override;
 
-    // The last segment whose start is at or before `index`, or the first one.
-    std::size_t segmentAt(int32_t index) const noexcept;
+    // What more than one segment needs, or a hold beside the segments.
+    struct Segments {
+        std::vector<int32_t> starts{0};
+        std::vector<void*> values{nullptr}; // in step with `starts`
+        std::map<void*, int32_t> instances;
+
+        std::size_t count() const noexcept { return starts.size(); }
+
+        // The last segment whose start is at or before `index`, or the first one.
+        std::size_t at(int32_t index) const noexcept;
+    };
+
+    Segments& madeSegments();
+    void backToOneValue();
 
     void replaceValue(std::size_t segment, void* value);
     void insertSegment(std::size_t position, int32_t start, void* value);
     void removeSegments(std::size_t first, std::size_t last); // [first, last), the last one first
 
-    std::vector<int32_t> starts{0};
-    std::vector<void*> values{nullptr}; // in step with `starts`
-    std::map<void*, int32_t> valueInstances;
+    // Nearly all variables of a document have one value for all lines, and there may be very many.
+    void* onlyValue = nullptr;          // at every index, while there are no segments
+    std::unique_ptr<Segments> segments; // null as long as the above serves
     mutable std::unique_ptr<std::set<void*>> uniqueValues; // null until asked for, and after a change
     Deallocator deallocator = nullptr;
 };

@@ -12,6 +12,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -20,6 +21,7 @@ constexpr std::string_view documentStart = "<?xml";
 // Each line of a text takes many times its length once it is analysed.
 constexpr std::size_t maxTextSize = std::size_t{64} << 20;
 constexpr std::size_t maxLines = TCLineCollection::mostLines;
+constexpr std::size_t maxFilledLines = 400'000; // about a kilobyte each, where an empty one takes next to nothing
 
 class OpenFile {
 public:
@@ -42,6 +44,25 @@ public:
     if (errno == ENOENT) fail(file, "doesn't exist");
     if (errno == EISDIR) fail(file, "is a folder");
     fail(file, std::string("can't be ") + action + ": " + std::strerror(errno));
+}
+
+// The lines that aren't empty.
+std::size_t countOfFilledLines(std::string_view text) {
+    std::size_t count = 0;
+    char before = '\n';
+    for (const char byte : text)
+        count += std::exchange(before, byte) == '\n' && byte != '\n' && byte != '\r';
+    return count;
+}
+
+// Told before any line is made.
+void checkCountOfLines(const std::string& file, std::string_view text) {
+    const auto ends = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+    const std::size_t count = ends + (text.empty() || text.back() == '\n' ? 0 : 1);
+    if (count > maxLines) fail(file, "is too large: a text has at most " + std::to_string(maxLines) + " lines");
+    if (count > maxFilledLines && countOfFilledLines(text) > maxFilledLines)
+        fail(file, "is too large: a text has at most " + std::to_string(maxFilledLines) +
+                       " lines that aren't empty");
 }
 
 std::string inLine(std::string_view bytes, std::size_t offset) {
@@ -88,9 +109,7 @@ bool isDocumentFile(const std::string& file) {
 
 std::string_view validatedText(const std::string& file, std::string_view bytes) {
     const std::string_view text = platform::withoutByteOrderMark(bytes);
-    const auto ends = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
-    if (ends + (text.empty() || text.back() == '\n' ? 0 : 1) > maxLines)
-        fail(file, "is too large: a text has at most " + std::to_string(maxLines) + " lines");
+    checkCountOfLines(file, text);
     const std::size_t invalid = firstInvalidUTF8(text);
     if (invalid < text.size()) fail(file, "is not valid UTF-8" + inLine(text, invalid));
     const std::size_t nul = text.find('\0');

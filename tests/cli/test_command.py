@@ -196,6 +196,13 @@ class AnswersTests(CommandTests):
     def test_an_input_without_end_is_refused(self):
         self.assert_failure(self.run_command("answers", "/dev/zero"), "/dev/zero", "too large")
 
+    def test_a_text_of_too_many_lines_is_refused_before_it_takes_memory(self):
+        for line, count, why in [("\n", 1_000_001, "at most 1000000 lines"), ("a\n", 400_001, "that aren't empty"),
+                                 ("a\r\n\r\n", 400_001, "that aren't empty")]:  # fmt: skip
+            with self.subTest(line):
+                text = self.write("many.txt", line * count)
+                self.assert_failure(self.run_command("answers", text), text, why)
+
     def test_a_reader_that_leaves_is_no_failure(self):
         path = self.write("long.txt", "1 + 1\n" * 20000)
         process = subprocess.Popen([COMMAND, "answers", path], stdout=subprocess.PIPE, stderr=subprocess.PIPE)

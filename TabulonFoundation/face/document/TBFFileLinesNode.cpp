@@ -12,9 +12,13 @@ TBF::Ref<TBF::String> stringOf(const char* bytes) {
     return bytes ? TBF::String::createWithUTF8(bytes) : nullptr;
 }
 
+TBF::FileLine* lineOf(TBFFileLinesNodeRef node, uint32_t index) {
+    return node ? node->lineWithinBounds(index) : nullptr;
+}
+
 void setText(TBFFileLinesNodeRef node, uint32_t index, TBF::Ref<TBF::String> TBF::FileLine::*field,
              TBF::Ref<TBF::String> text) {
-    if (node) node->lineAt(index).*field = std::move(text);
+    if (TBF::FileLine* const line = lineOf(node, index)) line->*field = std::move(text);
 }
 
 TBFStringRef getText(const TBF::FileLinesNode* node, uint32_t index,
@@ -83,7 +87,8 @@ TBFStringRef TBFFileLinesNodeGetExpectedUnit(const TBF::FileLinesNode* node, uin
 
 void TBFFileLinesNodeSetFormattingAttribute(TBFFileLinesNodeRef node, uint32_t index, TBFStringRef value,
                                             TBFStringRef key) {
-    if (node) node->lineAt(index).formattingAttributes.set(TBF::retain(key), TBF::retain(value));
+    if (TBF::FileLine* const line = lineOf(node, index))
+        line->formattingAttributes.set(TBF::retain(key), TBF::retain(value));
 }
 
 TBFStringRef TBFFileLinesNodeGetFormattingAttribute(const TBF::FileLinesNode* node, uint32_t index,
@@ -95,7 +100,7 @@ TBFStringRef TBFFileLinesNodeGetFormattingAttribute(const TBF::FileLinesNode* no
 
 void TBFFileLinesNodeSetFormattingAttributesDictionary(TBFFileLinesNodeRef node, uint32_t index,
                                                        const TBF::FileDictionary& attributes) {
-    if (node) node->lineAt(index).formattingAttributes = attributes;
+    if (TBF::FileLine* const line = lineOf(node, index)) line->formattingAttributes = attributes;
 }
 
 const TBF::FileDictionary* TBFFileLinesNodeGetFormattingAttributesDictionary(const TBF::FileLinesNode* node,
@@ -105,7 +110,7 @@ const TBF::FileDictionary* TBFFileLinesNodeGetFormattingAttributesDictionary(con
 }
 
 void TBFFileLinesNodeSetFileLineNumber(TBFFileLinesNodeRef node, uint32_t index, uint32_t number) {
-    if (node) node->lineAt(index).fileLineNumber = number;
+    if (TBF::FileLine* const line = lineOf(node, index)) line->fileLineNumber = number;
 }
 
 uint32_t TBFFileLinesNodeGetFileLineNumber(const TBF::FileLinesNode* node, uint32_t index) {

@@ -54,7 +54,7 @@ TEST(TCLineMemory, a_line_keeps_its_text_and_its_answer_and_little_else) {
          [](std::size_t i) { return "Dinner with friends at the harbour, all of them: " + std::to_string(i); }},
         {"arithmetic", 1024, 30'000,
          [](std::size_t i) { return std::to_string(i) + " * (3.5 + 12) - 10% + 20% of 50 / 7"; }},
-        {"a name", 2600, 20'000,
+        {"a name", 1800, 20'000,
          [](std::size_t i) { return "name" + std::to_string(i) + " = " + std::to_string(i); }},
         {"a reference", 2048, 20'000,
          [](std::size_t i) { return relative(-1) + " + " + std::to_string(i); }},
@@ -108,6 +108,14 @@ TEST(TCLineMemory, a_line_without_text_is_like_any_other_to_those_who_ask) {
     EXPECT_EQ(empty->formattedResult(), std::nullopt);
     EXPECT_EQ(TCLine::make()->expression(), nullptr);
     EXPECT_EQ(TCLine::lineWithExpressionString(std::nullopt)->expressionString(), std::nullopt);
+}
+
+TEST(TCLineMemory, a_set_of_indexes_reaches_no_further_than_a_document) {
+    const std::size_t most = TCLineCollection::mostLines;
+    EXPECT_EQ(TCLineIndexSet::withRange(most - 2, 5), (TCLineIndexSet{most - 2, most - 1}));
+    EXPECT_TRUE(TCLineIndexSet::withRange(most, 1).isEmpty());
+    EXPECT_TRUE(TCLineIndexSet::withRange(SIZE_MAX, SIZE_MAX).isEmpty());
+    EXPECT_EQ(TCLineIndexSet::withRange(0, SIZE_MAX).count(), most);
 }
 
 TEST(TCLineMemory, options_that_lines_share_are_a_lines_own_once_it_changes_them) {

@@ -89,6 +89,26 @@ TEST(IndexRangeMap, AHoldKeepsAValueOverAChange) {
     EXPECT_EQ(map->uniqueValuesReference().size(), 0U);
 }
 
+TEST(IndexRangeMap, OneValueForAllIsHeldAndFreedLikeOthers) {
+    {
+        const Ref<IndexRangeMap> map = makeMap();
+        map->setValue(letter('A'), {0, toEnd});
+        map->setValue(letter('A'), {0, toEnd});
+        map->addInstance(letter('A'));
+        map->setValue(letter('B'), {0, toEnd});
+        EXPECT_EQ(freed, "");
+        EXPECT_EQ(map->uniqueValuesReference().size(), 2U);
+        map->removeInstance(letter('A'));
+        EXPECT_EQ(freed, "A");
+        map->setValue(letter('C'), {3, 2});
+        map->setValue(letter('B'), {0, toEnd});
+        EXPECT_EQ(freed, "AC");
+        EXPECT_EQ(map->rangesOf(letter('B')), (std::vector<TBFRange>{{0, toEnd}}));
+        EXPECT_EQ(map->uniqueValuesReference().size(), 1U);
+    }
+    EXPECT_EQ(freed, "ACB");
+}
+
 TEST(IndexRangeMap, FindsTheRangesOfAValue) {
     const Ref<IndexRangeMap> map = makeMap();
     map->setValue(letter('A'), {3, 2});

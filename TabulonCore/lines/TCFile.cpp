@@ -366,6 +366,8 @@ void TCFile::writeLineFormattingAttributesFromLine(const TCLine& line, TBF::File
     for (const AttributeRow& row : attributeRows) {
         attributes.set(keyString(row.key), TBF::String::createWithInteger(row.get(line)));
     }
+    if (const TBF::FileLine* const before = index > 0 ? lines.find(index - 1) : nullptr)
+        attributes.shareWith(before->formattingAttributes);
 }
 
 void TCFile::readLineFormattingAttributesIntoLine(TCLine& line, const TBF::FileLinesNode& lines,

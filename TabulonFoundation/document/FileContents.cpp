@@ -149,6 +149,7 @@ void FileContents::endElement() {
     if (left == Place::leaf) finishLeaf();
     if (left == Place::misc) settings->miscellaneous = std::move(dictionary);
     if (left == Place::formatting && !isFirstGeneration()) {
+        if (lines->count() > 1) dictionary.shareWith(lines->find(lines->count() - 2)->formattingAttributes);
         currentLine().formattingAttributes = std::move(dictionary);
     }
 }

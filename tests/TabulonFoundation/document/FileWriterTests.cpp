@@ -164,6 +164,23 @@ char* duplicateOrFail(const char* text) {
     return requestsLeft-- > 0 ? strdup(text) : nullptr;
 }
 
+TEST(FileDictionary, copiesAndEqualsShareTheirItemsUntilOneChanges) {
+    TBF::FileDictionary first, second, other;
+    first.set(string(u"k"), string(u"1"));
+    second.set(string(u"k"), string(u"1"));
+    other.set(string(u"k"), string(u"2"));
+    second.shareWith(first);
+    EXPECT_EQ(second.find(u"k"), first.find(u"k")); // the very text
+    other.shareWith(first);
+    EXPECT_EQ(other.find(u"k")->utf8(), "2");
+    second.set(string(u"k"), string(u"3"));
+    EXPECT_EQ(first.find(u"k")->utf8(), "1");
+    TBF::FileDictionary copy = second;
+    copy.set(string(u"l"), string(u"4"));
+    EXPECT_EQ(second.count(), 1u);
+    EXPECT_EQ(copy.count(), 2u);
+}
+
 // An index from a host, however large, takes no memory past what a document may have.
 TEST(FileWriter, hasNoLinesPastWhatADocumentMayHave) {
     TBF::FileLinesNode lines;

@@ -103,18 +103,6 @@ public:
     void setEnvironment(std::shared_ptr<TCEnvironment> environment);
     std::shared_ptr<TCVariableList> variables() const;
 
-    // The document read as a whole.
-    bool isEmpty() const; // no line has any text
-    std::vector<std::shared_ptr<TCResult>> results();
-    bool resultsDifferFromResults(const std::vector<std::shared_ptr<TCResult>>& others);
-    std::size_t hash();
-    std::u16string fullPreview() const; // at most 100 code units
-    std::u16string stringOfAllExpressionsSeperatedByDivider(std::u16string_view divider) const;
-    std::u16string jumpedAnswerStyleStringWithDivider(std::u16string_view divider);
-    std::u16string expressionAndResultOnLineIndex(std::size_t index, std::u16string_view dividerCharacter);
-    std::vector<std::u16string> arrayOfExpressions() const;
-    std::u16string description();
-
     // Changes. A batch holds them back until it ends; batches don't nest.
     void registerChange(const TCLineCollectionChange& change);
     void registerChange(int32_t type, int64_t lineIndex);

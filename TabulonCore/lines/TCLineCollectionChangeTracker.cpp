@@ -9,7 +9,7 @@ namespace {
 
 // A change without an index touches no line of its own.
 void addIfValid(TCLineIndexSet& set, int64_t index) {
-    if (index >= 0 && index != TCIndexNotFound) set.add(static_cast<std::size_t>(index));
+    if (index >= 0 && index != TCNotFound) set.add(static_cast<std::size_t>(index));
 }
 
 bool isDeclaration(const TCLineCollection& collection, int64_t index) {

@@ -46,7 +46,7 @@ void TCLineCollection::registerChange(const TCLineCollectionChange& change) {
 
 void TCLineCollection::registerChange(int32_t type, int64_t lineIndex) {
     registerChange(
-        TCLineCollectionChange{type, lineIndex < 0 ? TCIndexNotFound : lineIndex, TCIndexNotFound});
+        TCLineCollectionChange{type, lineIndex < 0 ? TCNotFound : lineIndex, TCNotFound});
 }
 
 void TCLineCollection::registerPreChange(int32_t type, int64_t) {

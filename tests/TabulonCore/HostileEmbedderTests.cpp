@@ -314,8 +314,12 @@ TEST_P(HostileEmbedder, OfDocuments) {
                 document(
                     [&](auto& one) { one.setTrigonometryMode(static_cast<int32_t>(host.below(4)) - 1); });
             },
-            [&] { document([&](auto& one) { one.expressionAndResultOnLineIndex(host.index(), u"="); }); },
-            [&] { document([&](auto& one) { one.description(); }); },
+            [&] {
+                document([&](auto& one) {
+                    TCLineCollectionReading::expressionAndResultOnLineIndex(one, host.index(), u"=");
+                });
+            },
+            [&] { document([&](auto& one) { TCLineCollectionReading::description(one); }); },
             [&] {
                 document([&](auto& one) {
                     if (const auto names = one.variables()) names->removeVariableWithName(host.name());

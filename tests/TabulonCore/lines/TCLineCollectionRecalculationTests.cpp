@@ -3,6 +3,7 @@
 #include "document/TBFDependencyType.h"
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
+#include "lines/TCLineCollectionReading.h"
 #include "results/TCResult.h"
 
 #include <gmock/gmock.h>
@@ -305,8 +306,8 @@ TEST(Recalculation, AnswersFollowTheirReferences) {
     EXPECT_THAT(answersOf(collection), ElementsAre(u"1", u"2", u"3", std::nullopt));
     collection.insertLine(lineOf("100"), 1);
     EXPECT_THAT(answersOf(collection), ElementsAre(u"1", u"100", u"200", u"201", std::nullopt));
-    EXPECT_EQ(collection.results().size(), 5u);
-    EXPECT_EQ(collection.expressionAndResultOnLineIndex(1, u"="), u"100=100");
+    EXPECT_EQ(TCLineCollectionReading::results(collection).size(), 5u);
+    EXPECT_EQ(TCLineCollectionReading::expressionAndResultOnLineIndex(collection, 1, u"="), u"100=100");
 }
 
 TEST(Recalculation, AnAngleModeReachesTheUsersOfItsLines) {

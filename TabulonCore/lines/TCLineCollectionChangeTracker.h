@@ -12,7 +12,7 @@
 #include <optional>
 #include <vector>
 
-class TCLineCollection;
+class TCLineList;
 
 enum TCLineCollectionChangeType : int32_t {
     TCLineCollectionChangeTypeRemove = 1,
@@ -56,8 +56,8 @@ public:
     }
     bool hasChanges() const { return allLinesChanged || !changes.empty(); }
 
-    // One change touches what it names. Several are not told apart: they touch every line of `collection`.
-    TCChangedLineIndexes changedLineIndexesInLineCollection(const TCLineCollection& collection) const;
+    // One change touches what it names. Several are not told apart: they touch every line of `lines`.
+    TCChangedLineIndexes changedLineIndexesInLineCollection(const TCLineList& lines) const;
 
 private:
     std::vector<TCLineCollectionChange> changes; // in order of arrival

@@ -7,6 +7,7 @@
 #include "environment/TKEnvironmentBuilder.h"
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
+#include "lines/TCLineRecalculation.h"
 #include "results/TCResult.h"
 #include "results/TCResultFormattingOptions.h"
 #include "runtime/TBFLog.h"
@@ -57,7 +58,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     line->formattedResult();
 
     // What a small budget has no answer for is answered, or refused, by a larger one.
-    lines.finishLines(2 * lineBudget);
+    lines.recalculation().finishLines(2 * lineBudget);
     const auto answer = line->result();
     if (answer && answer->resultType() == TCResultTypeError && answer->errorType() == TCErrorTypeNone) abort();
     return 0;

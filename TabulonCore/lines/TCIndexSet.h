@@ -10,9 +10,6 @@
 #include <span>
 #include <vector>
 
-// A missing index, as a search gives it.
-inline constexpr int64_t TCIndexNotFound = 0x7FFFFFFFFFFFFFFF;
-
 class TCIndex {
 public:
     constexpr TCIndex() = default;

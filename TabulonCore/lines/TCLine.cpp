@@ -15,6 +15,7 @@
 #include "expressions/TCSimpleTokenizedExpression.h"
 #include "expressions/TCVarDeclLineExpression.h"
 #include "lines/TCLineCollection.h"
+#include "lines/TCLineRecalculation.h"
 #include "results/TCResult.h"
 #include "results/TCResultFormattingOptions.h"
 #include "runtime/ObjectPool.h"
@@ -166,7 +167,7 @@ void TCLine::makeExpressionOfNothing() const {
     text->setLine(const_cast<TCLine*>(this)); // its caches are filled, which is no change
     analysedForm = lineTypeForExpression(text);
     const TCLineCollection* const collection = _lineCollection();
-    if (parsedAsNothing && collection) analysedForm->parseOnDemand(collection->_lineParser());
+    if (parsedAsNothing && collection) analysedForm->parseOnDemand(collection->recalculation().lineParser());
 }
 
 const std::shared_ptr<TCExpression>& TCLine::expression() const {
@@ -207,14 +208,14 @@ void TCLine::_setExpression(std::shared_ptr<TCExpression> newExpression) {
     const TCSimpleLocale locale = formattingLocale();
     if (text) text->setLocaleWithDecimalPoint(locale.decimalPoint, locale.thousandsSeparator);
     expressionDidChange();
-    if (TCLineCollection* const collection = _lineCollection()) collection->_lineReadsDifferently(*this);
+    if (TCLineCollection* const collection = _lineCollection()) collection->recalculation().lineReadsDifferently(*this);
 }
 
 void TCLine::expressionDidChange() {
     forgetReferences();
     parsedAsNothing = false;
     if (!isKeptAsNothing()) analysedForm = lineTypeForExpression(text);
-    if (TCLineCollection* const collection = _lineCollection()) collection->_lineExpressionDidChange(*this);
+    if (TCLineCollection* const collection = _lineCollection()) collection->recalculation().lineExpressionDidChange(*this);
 }
 
 std::shared_ptr<TCAbstractLineExpression>
@@ -299,7 +300,7 @@ void TCLine::unparse() {
     if (!analysedForm) return;
     analysedForm->reset();
     forgetReferences();
-    if (TCLineCollection* const collection = _lineCollection()) collection->_lineNeedsParsing(*this);
+    if (TCLineCollection* const collection = _lineCollection()) collection->recalculation().lineNeedsParsing(*this);
 }
 
 bool TCLine::isParsed() const {
@@ -468,7 +469,7 @@ const std::u16string& TCLine::uniqueIdentifier() const {
 }
 
 void TCLine::_setLineCollection(TCLineCollection* collection) {
-    owner = collection ? collection->_backReference() : nullptr;
+    owner = collection ? collection->recalculation().document() : nullptr;
 }
 
 const std::shared_ptr<TCResultFormattingOptions>& TCLine::customFormattingOptions() {
@@ -518,7 +519,7 @@ void TCLine::setTrigonometryMode(int32_t mode) {
     if (mode == ownTrigonometryMode) return;
     ownTrigonometryMode = static_cast<int8_t>(mode);
     invalidateResult();
-    if (TCLineCollection* const collection = _lineCollection()) collection->_lineReadsDifferently(*this);
+    if (TCLineCollection* const collection = _lineCollection()) collection->recalculation().lineReadsDifferently(*this);
 }
 
 // The options may be shared with other lines, so they alone don't tell how this text was read.
@@ -544,7 +545,7 @@ void TCLine::convertToLocale(TCSimpleLocale locale) {
 void TCLine::localeDidChange() {
     invalidateResult();
     expressionDidChange();
-    if (TCLineCollection* const collection = _lineCollection()) collection->_lineReadsDifferently(*this);
+    if (TCLineCollection* const collection = _lineCollection()) collection->recalculation().lineReadsDifferently(*this);
 }
 
 std::size_t TCLine::hash() const {

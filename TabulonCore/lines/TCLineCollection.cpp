@@ -1,9 +1,9 @@
 #include "lines/TCLineCollection.h"
 
-#include "document/DependencyGraph.h"
 #include "environment/TCEnvironment.h"
 #include "environment/TCWarnLog.h"
 #include "lines/TCLine.h"
+#include "lines/TCLineRecalculation.h"
 #include "results/TCResultFormattingOptions.h"
 #include "variables/TCVariableList.h"
 
@@ -33,20 +33,11 @@ TCLineCollection::TCLineCollection()
     : TCLineCollection(TCEnvironment::current()) {}
 
 TCLineCollection::TCLineCollection(const std::shared_ptr<TCEnvironment>& parentEnvironment)
-    : graph(TBF::DependencyGraph::create())
-    , ownEnvironment(privateEnvironment(parentEnvironment))
-    , backReference(std::make_shared<TCLineCollection*>(this)) {}
+    : ownEnvironment(privateEnvironment(parentEnvironment))
+    , parts(std::make_unique<TCLineRecalculation>(*this, mutex)) {}
 
 TCLineCollection::~TCLineCollection() {
-    *backReference = nullptr;
-    // The names that lines declare own those lines, whose texts know the names.
-    if (const auto names = variables()) names->removeAllVariables();
-}
-
-bool TCLineCollection::hasRoom() const {
-    if (lines.size() < mostLines) return true;
-    TCWarnLog("Warning: a document has at most %zu lines", mostLines);
-    return false;
+    parts->documentEnds();
 }
 
 void TCLineCollection::addLine(const std::shared_ptr<TCLine>& line) {
@@ -55,15 +46,15 @@ void TCLineCollection::addLine(const std::shared_ptr<TCLine>& line) {
         return;
     }
     if (!hasRoom()) return;
-    const std::size_t index = lines.size();
+    const std::size_t index = countOfLines();
     prepareLineForInsertionAtIndex(line, index);
-    registerPreChange(TCLineCollectionChangeTypeInsert, static_cast<int64_t>(index));
+    parts->registerPreChange(TCLineCollectionChangeTypeInsert);
     {
         const std::lock_guard lock(mutex);
-        lines.push_back(line);
-        enterLine(line);
+        insertIntoList(line, index);
+        parts->lineCame((*this)[index]);
     }
-    registerChange(TCLineCollectionChangeTypeInsert, static_cast<int64_t>(index));
+    parts->registerChange(TCLineCollectionChangeTypeInsert, static_cast<int64_t>(index));
 }
 
 void TCLineCollection::insertLine(const std::shared_ptr<TCLine>& line, std::size_t index) {
@@ -71,63 +62,52 @@ void TCLineCollection::insertLine(const std::shared_ptr<TCLine>& line, std::size
         TCWarnLog("Warning: trying to insert nil line");
         return;
     }
-    if (index > lines.size()) {
+    if (index > countOfLines()) {
         TCWarnLog("Warning: insert index (%zu) out of range", index);
         return;
     }
-    if (index == lines.size()) {
+    if (index == countOfLines()) {
         addLine(line);
         return;
     }
     if (!hasRoom()) return;
-    registerPreChange(TCLineCollectionChangeTypeInsert, static_cast<int64_t>(index));
+    parts->registerPreChange(TCLineCollectionChangeTypeInsert);
     prepareLineForInsertionAtIndex(line, index);
     {
         const std::lock_guard lock(mutex);
-        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(index), line);
-        enterLine(line);
-        resetLineIndexesStartingAt(index + 1);
+        insertIntoList(line, index);
+        parts->lineCame((*this)[index]);
     }
-    registerChange(TCLineCollectionChangeTypeInsert, static_cast<int64_t>(index));
+    parts->registerChange(TCLineCollectionChangeTypeInsert, static_cast<int64_t>(index));
 }
 
 void TCLineCollection::removeLine(const std::shared_ptr<TCLine>& line) {
-    const auto place = line ? std::find_if(lines.begin(), lines.end(),
-                                           [&](const auto& candidate) { return candidate->isEqual(*line); })
-                            : lines.end();
-    removeLineAtIndex(static_cast<std::size_t>(place - lines.begin()));
+    const auto place =
+        line ? std::find_if(begin(), end(), [&](const auto& candidate) { return candidate->isEqual(*line); })
+             : end();
+    removeLineAtIndex(static_cast<std::size_t>(place - begin()));
 }
 
 void TCLineCollection::removeLineAtIndex(std::size_t index) {
-    if (index >= lines.size()) {
+    if (!hasLineAtIndex(index)) {
         TCWarnLog("Warning: trying to remove line not in line collection.");
         return;
     }
-    registerPreChange(TCLineCollectionChangeTypeRemove, static_cast<int64_t>(index));
+    parts->registerPreChange(TCLineCollectionChangeTypeRemove);
     {
         const std::lock_guard lock(mutex);
-        const std::shared_ptr<TCLine> line = lines[index];
-        lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(index));
-        forgetLine(line);
-        resetLineIndexesStartingAt(index);
+        declaredNames().lineWent(removeFromList(index));
     }
-    registerChange(TCLineCollectionChangeTypeRemove, static_cast<int64_t>(index));
+    parts->registerChange(TCLineCollectionChangeTypeRemove, static_cast<int64_t>(index));
 }
 
 void TCLineCollection::removeAllLines() {
-    registerPreChange(TCLineCollectionChangeTypeRemoveAll, 0);
     {
         const std::lock_guard lock(mutex);
-        lines.clear();
-        linesByIdentifier.clear();
-        unparsedLines.clear();
-        linesWithStaleDependencies.clear();
-        forgetReferencesWithoutEdge(0);
-        clearLineReferenceSnapshot();
-        declarations.removeAll();
-        if (const auto names = variables()) names->removeAllVariables();
+        clearList();
+        parts->allLinesWent();
     }
-    registerChange(TCLineCollectionChangeTypeRemoveAll, 0);
+    parts->registerChange(TCLineCollectionChangeTypeRemoveAll, 0);
 }
 
 void TCLineCollection::moveLineAtIndex(std::size_t source, std::size_t destination) {
@@ -135,21 +115,15 @@ void TCLineCollection::moveLineAtIndex(std::size_t source, std::size_t destinati
         TCWarnLog("Warning: no-op line move (%zu -> %zu)", source, destination);
         return;
     }
-    if (source >= lines.size() || destination >= lines.size()) {
+    if (!hasLineAtIndex(source) || !hasLineAtIndex(destination)) {
         TCWarnLog("Warning: move indexes out of range. (%zu -> %zu)", source, destination);
         return;
     }
-    registerPreChange(TCLineCollectionChangeTypeMove, static_cast<int64_t>(source));
-    const auto at = [&](std::size_t index) { return lines.begin() + static_cast<std::ptrdiff_t>(index); };
-    if (source < destination)
-        std::rotate(at(source), at(source + 1), at(destination + 1));
-    else
-        std::rotate(at(destination), at(source), at(source + 1));
-    for (std::size_t i = std::min(source, destination); i <= std::max(source, destination); ++i)
-        lines[i]->setIndex(i); // those beyond have kept their place
-    declarations.noteMove(lines[destination]);
-    registerChange(TCLineCollectionChange{TCLineCollectionChangeTypeMove, static_cast<int64_t>(source),
-                                          static_cast<int64_t>(destination)});
+    parts->registerPreChange(TCLineCollectionChangeTypeMove);
+    moveInList(source, destination);
+    declaredNames().lineMoved((*this)[destination]);
+    parts->registerChange(
+        {TCLineCollectionChangeTypeMove, static_cast<int64_t>(source), static_cast<int64_t>(destination)});
 }
 
 void TCLineCollection::prepareLineForInsertionAtIndex(const std::shared_ptr<TCLine>& line,
@@ -159,73 +133,6 @@ void TCLineCollection::prepareLineForInsertionAtIndex(const std::shared_ptr<TCLi
     line->setLocale(ownEnvironment->locale());
     if (!line->isTrigonometryModeSet()) line->setTrigonometryMode(trigonometry);
     line->_setLineCollection(this);
-}
-
-void TCLineCollection::resetLineIndexesStartingAt(std::size_t index) {
-    for (std::size_t i = index; i < lines.size(); ++i)
-        lines[i]->setIndex(i);
-}
-
-void TCLineCollection::enterLine(const std::shared_ptr<TCLine>& line) {
-    if (identifiersKnown) linesByIdentifier.insert_or_assign(line->uniqueIdentifier(), line);
-    if (line->isParsed()) line->unparse(); // with the names of another time
-    unparsedLines.push_back(line);
-    declarations.update(line);
-}
-
-void TCLineCollection::forgetLine(const std::shared_ptr<TCLine>& line) {
-    if (identifiersKnown) linesByIdentifier.erase(line->uniqueIdentifier());
-    declarations.remove(line);
-}
-
-std::shared_ptr<TCLine> TCLineCollection::lineAtIndex(std::size_t index) const {
-    if (index < lines.size()) return lines[index];
-    TCWarnLog("Warning: asking for line for index out of range (%zu)", index);
-    return nullptr;
-}
-
-int64_t TCLineCollection::indexOfLine(const std::shared_ptr<TCLine>& line) const {
-    if (line) return static_cast<int64_t>(line->index());
-    TCWarnLog("Warning: asking for index of nil line");
-    return -1;
-}
-
-bool TCLineCollection::lineIndexIsValid(int64_t index) const {
-    return index >= 0 && static_cast<uint64_t>(index) < lines.size();
-}
-
-bool TCLineCollection::holds(const TCLine& line) const {
-    return line.index() < lines.size() && lines[line.index()].get() == &line;
-}
-
-// Most documents are read and shown without anybody asking for an identifier.
-void TCLineCollection::fillLinesByIdentifier() const {
-    if (identifiersKnown) return;
-    for (const auto& line : lines)
-        linesByIdentifier.emplace(line->uniqueIdentifier(), line);
-    identifiersKnown = true;
-}
-
-bool TCLineCollection::containsLine(const std::shared_ptr<TCLine>& line) const {
-    fillLinesByIdentifier();
-    return line && linesByIdentifier.contains(line->uniqueIdentifier());
-}
-
-std::shared_ptr<TCLine> TCLineCollection::lineWithIdentifier(const std::u16string& identifier) const {
-    fillLinesByIdentifier();
-    const auto entry = linesByIdentifier.find(identifier);
-    return entry == linesByIdentifier.end() ? nullptr : entry->second;
-}
-
-std::vector<std::shared_ptr<TCLine>> TCLineCollection::linesWithIndexes(const TCLineIndexSet& indexes) const {
-    std::vector<std::shared_ptr<TCLine>> found;
-    for (const std::size_t index : indexes) {
-        if (index < lines.size())
-            found.push_back(lines[index]);
-        else
-            TCWarnLog("Asking for an out of range line");
-    }
-    return found;
 }
 
 void TCLineCollection::setDefaultResultFormattingOptions(std::shared_ptr<TCResultFormattingOptions> options) {
@@ -239,21 +146,7 @@ const std::shared_ptr<TCResultFormattingOptions>& TCLineCollection::defaultResul
 void TCLineCollection::setTrigonometryMode(int32_t mode) {
     if (mode == trigonometry) return;
     trigonometry = mode;
-    changeAllLines([mode](TCLine& line) { line.setTrigonometryMode(mode); });
-}
-
-// One step for the whole document: a change for each line on its own would evaluate the end of a chain of
-// lines once for every line before it.
-void TCLineCollection::changeAllLines(const std::function<void(TCLine&)>& change) {
-    const bool wasEnabled = std::exchange(changeProcessingEnabled, false);
-    for (const auto& line : lines)
-        change(*line);
-    changeProcessingEnabled = wasEnabled;
-    {
-        const std::lock_guard lock(mutex);
-        tracker.registerChangeOfAllLines();
-    }
-    if (changeProcessingEnabled && !batchUpdating) processChanges();
+    parts->changeAllLines([mode](TCLine& line) { line.setTrigonometryMode(mode); });
 }
 
 TBFChar TCLineCollection::decimalPlaceCharacter() const {
@@ -272,14 +165,14 @@ void TCLineCollection::setLocaleWithDecimalPoint(TBFChar decimalPoint, TBFChar t
     const TCSimpleLocale locale{decimalPoint, thousandsSeparator};
     if (isNoNewLocale(locale)) return;
     ownEnvironment->setLocale(locale);
-    changeAllLines([locale](TCLine& line) { line.setLocale(locale); });
+    parts->changeAllLines([locale](TCLine& line) { line.setLocale(locale); });
 }
 
 void TCLineCollection::convertToLocaleWithDecimalPoint(TBFChar decimalPoint, TBFChar thousandsSeparator) {
     const TCSimpleLocale locale{decimalPoint, thousandsSeparator};
     if (isNoNewLocale(locale)) return;
     ownEnvironment->setLocale(locale);
-    changeAllLines([locale](TCLine& line) { line.convertToLocale(locale); });
+    parts->changeAllLines([locale](TCLine& line) { line.convertToLocale(locale); });
 }
 
 void TCLineCollection::setEnvironment(std::shared_ptr<TCEnvironment> environment) {
@@ -288,4 +181,97 @@ void TCLineCollection::setEnvironment(std::shared_ptr<TCEnvironment> environment
 
 std::shared_ptr<TCVariableList> TCLineCollection::variables() const {
     return ownEnvironment->variables();
+}
+
+void TCLineCollection::registerChange(const TCLineCollectionChange& change) {
+    parts->registerChange(change);
+}
+
+void TCLineCollection::registerChange(int32_t type, int64_t lineIndex) {
+    parts->registerChange(type, lineIndex);
+}
+
+void TCLineCollection::registerPreChange(int32_t type, int64_t) {
+    parts->registerPreChange(type);
+}
+
+void TCLineCollection::registerExpressionChangeForLineAtIndex(std::size_t index) {
+    parts->registerChange(TCLineCollectionChangeTypeExpression, static_cast<int64_t>(index));
+}
+
+void TCLineCollection::enqueEvaluationOfLine(const std::shared_ptr<TCLine>& line) {
+    if (line) registerExpressionChangeForLineAtIndex(line->index());
+}
+
+void TCLineCollection::beginBatchUpdate() {
+    parts->beginBatchUpdate();
+}
+
+void TCLineCollection::endBatchUpdate() {
+    parts->endBatchUpdate();
+}
+
+void TCLineCollection::processChanges() {
+    parts->processChanges();
+}
+
+void TCLineCollection::parseAllLines() {
+    parts->parseAllLines();
+}
+
+void TCLineCollection::unparseAllLines() {
+    for (const auto& line : *this)
+        line->unparse();
+}
+
+void TCLineCollection::evaluateLines() {
+    parts->evaluateLinesAtIndexes(TCLineIndexSet::withRange(0, countOfLines()));
+}
+
+TCLineIndexSet TCLineCollection::evaluateLinesAtIndexes(const TCLineIndexSet& indexes) {
+    return parts->evaluateLinesAtIndexes(indexes);
+}
+
+void TCLineCollection::evaluateLine(const std::shared_ptr<TCLine>& line) {
+    parts->evaluateLine(line);
+}
+
+void TCLineCollection::evaluateAllLinesWithReportingMode(int32_t mode) {
+    parts->evaluateAllLinesWithReportingMode(mode);
+}
+
+void TCLineCollection::reevaluateLinesDependingOnVariables() {
+    evaluateAllLinesWithReportingMode(TCEvaluationReportingModeAutomatic);
+}
+
+void TCLineCollection::reevaluateLinesDependingOnVariable() {
+    evaluateAllLinesWithReportingMode(TCEvaluationReportingModeAutomatic);
+}
+
+void TCLineCollection::reevaluateLinesDependingOnUnit() {
+    evaluateAllLinesWithReportingMode(TCEvaluationReportingModeAutomatic);
+}
+
+void TCLineCollection::setPreEvaluationBlock(PreEvaluationBlock block) {
+    TCLineRecalculation::setPreEvaluationBlock(std::move(block));
+}
+
+TCLineDependencies& TCLineCollection::dependencies() {
+    return parts->dependencies();
+}
+
+const TCLineDependencies& TCLineCollection::dependencies() const {
+    return parts->dependencies();
+}
+
+TCDeclaredNames& TCLineCollection::declaredNames() {
+    return parts->declaredNames();
+}
+
+const TCDeclaredNames& TCLineCollection::declaredNames() const {
+    return parts->declaredNames();
+}
+
+TCLineReferenceTracking& TCLineCollection::lineReferences() {
+    return parts->lineReferences();
 }

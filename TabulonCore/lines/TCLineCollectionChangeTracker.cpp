@@ -1,7 +1,7 @@
 #include "lines/TCLineCollectionChangeTracker.h"
 
 #include "lines/TCLine.h"
-#include "lines/TCLineCollection.h"
+#include "lines/TCLineList.h"
 
 #include <algorithm>
 
@@ -9,13 +9,12 @@ namespace {
 
 // A change without an index touches no line of its own.
 void addIfValid(TCLineIndexSet& set, int64_t index) {
-    if (index >= 0 && index != TCIndexNotFound) set.add(static_cast<std::size_t>(index));
+    if (index >= 0 && index != TCNotFound) set.add(static_cast<std::size_t>(index));
 }
 
-bool isDeclaration(const TCLineCollection& collection, int64_t index) {
-    return collection.lineIndexIsValid(index) &&
-           collection.lineAtIndex(static_cast<std::size_t>(index))->lineType() ==
-               TCLineTypeVariableDeclaration;
+bool isDeclaration(const TCLineList& lines, int64_t index) {
+    return lines.lineIndexIsValid(index) &&
+           lines[static_cast<std::size_t>(index)]->lineType() == TCLineTypeVariableDeclaration;
 }
 
 } // namespace
@@ -29,11 +28,11 @@ std::optional<std::size_t> TCChangedLineIndexes::newIndexOf(std::size_t oldIndex
 }
 
 TCChangedLineIndexes
-TCLineCollectionChangeTracker::changedLineIndexesInLineCollection(const TCLineCollection& collection) const {
+TCLineCollectionChangeTracker::changedLineIndexesInLineCollection(const TCLineList& lines) const {
     TCChangedLineIndexes result;
     if (!hasChanges()) return result;
     if (allLinesChanged || changes.size() > 1) {
-        result.changed = TCLineIndexSet::withRange(0, collection.countOfLines());
+        result.changed = TCLineIndexSet::withRange(0, lines.countOfLines());
         result.rebuildStartIndex = 0;
         result.positionsChanged = true;
         return result;
@@ -69,7 +68,7 @@ TCLineCollectionChangeTracker::changedLineIndexesInLineCollection(const TCLineCo
     if (change.type == TCLineCollectionChangeTypeRemoveAll) return result;
     addIfValid(result.changed, source);
     // The reach of a name is not bounded by its position.
-    if (change.type != TCLineCollectionChangeTypeMove && isDeclaration(collection, source))
+    if (change.type != TCLineCollectionChangeTypeMove && isDeclaration(lines, source))
         result.rebuildStartIndex = 0;
     return result;
 }

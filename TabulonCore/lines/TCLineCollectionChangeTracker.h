@@ -4,7 +4,7 @@
 // as changed and from where on the dependency graph is stale. A tracker belongs to one collection, which
 // guards it with its mutex.
 
-#include "lines/TCIndexSet.h"
+#include "expressions/TCRange.h"
 #include "lines/TCLineIndexSet.h"
 
 #include <cstddef>
@@ -12,7 +12,7 @@
 #include <optional>
 #include <vector>
 
-class TCLineCollection;
+class TCLineList;
 
 enum TCLineCollectionChangeType : int32_t {
     TCLineCollectionChangeTypeRemove = 1,
@@ -25,8 +25,8 @@ enum TCLineCollectionChangeType : int32_t {
 
 struct TCLineCollectionChange {
     int32_t type = 0; // a TCLineCollectionChangeType
-    int64_t sourceLineIndex = TCIndexNotFound;
-    int64_t destinationLineIndex = TCIndexNotFound; // of a move
+    int64_t sourceLineIndex = TCNotFound;
+    int64_t destinationLineIndex = TCNotFound; // of a move
 };
 
 struct TCChangedLineIndexes {
@@ -34,7 +34,7 @@ struct TCChangedLineIndexes {
     TCLineIndexSet removed;
     TCLineIndexSet inserted;
     TCLineIndexSet external; // among the changed
-    int64_t rebuildStartIndex = TCIndexNotFound;
+    int64_t rebuildStartIndex = TCNotFound;
     bool positionsChanged = false; // a line may have another index than before
 
     // Where the line stands now that stood at `oldIndex` before one removal, insertion or move; none if it
@@ -56,8 +56,8 @@ public:
     }
     bool hasChanges() const { return allLinesChanged || !changes.empty(); }
 
-    // One change touches what it names. Several are not told apart: they touch every line of `collection`.
-    TCChangedLineIndexes changedLineIndexesInLineCollection(const TCLineCollection& collection) const;
+    // One change touches what it names. Several are not told apart: they touch every line of `lines`.
+    TCChangedLineIndexes changedLineIndexesInLineCollection(const TCLineList& lines) const;
 
 private:
     std::vector<TCLineCollectionChange> changes; // in order of arrival

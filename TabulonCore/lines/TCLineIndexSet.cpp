@@ -1,6 +1,6 @@
 #include "lines/TCLineIndexSet.h"
 
-#include "lines/TCLineCollection.h"
+#include "lines/TCLineList.h"
 
 #include <algorithm>
 #include <iterator>
@@ -18,7 +18,7 @@ TCLineIndexSet::TCLineIndexSet(std::vector<std::size_t> indexes)
 
 TCLineIndexSet TCLineIndexSet::withRange(std::size_t location, std::size_t length) {
     TCLineIndexSet result;
-    constexpr std::size_t most = TCLineCollection::mostLines;
+    constexpr std::size_t most = TCLineList::mostLines;
     result.members.resize(std::min(length, most - std::min(location, most)));
     std::iota(result.members.begin(), result.members.end(), location);
     return result;

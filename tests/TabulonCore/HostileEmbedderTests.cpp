@@ -6,8 +6,10 @@
 #include "document/DependencyGraph.h"
 #include "environment/TCEvaluator.h"
 #include "lines/LineCollectionTesting.h"
+#include "lines/TCDeclaredNames.h"
 #include "lines/TCLineCollectionStatistics.h"
 #include "lines/TCLineCollectionVariable.h"
+#include "lines/TCLineDependencies.h"
 #include "lines/TCLineIndexSet.h"
 #include "names/variables/Variable.h"
 #include "results/TCResult.h"
@@ -272,38 +274,38 @@ TEST_P(HostileEmbedder, OfDocuments) {
             [&] { document([&](auto& one) { one.evaluateLinesAtIndexes(set()); }); },
             [&] { document([&](auto& one) { one.evaluateAllLinesWithReportingMode(host.coin()); }); },
             [&] { document([&](auto& one) { one.unparseAllLines(); }); },
-            [&] { document([&](auto& one) { one.rebuildDependencyGraphForLinesAtIndexes(set()); }); },
+            [&] { document([&](auto& one) { one.dependencies().rebuildDependencyGraphForLinesAtIndexes(set()); }); },
             [&] {
-                document([&](auto& one) { one.rebuildDependencyGraphForLinesOnAndAfterIndex(host.place()); });
+                document([&](auto& one) { one.dependencies().rebuildDependencyGraphForLinesOnAndAfterIndex(host.place()); });
             },
-            [&] { document([&](auto& one) { one.indexesOfLinesDependingOnLinesAtIndexes(set()); }); },
+            [&] { document([&](auto& one) { one.dependencies().indexesOfLinesDependingOnLinesAtIndexes(set()); }); },
             [&] {
                 document(
-                    [&](auto& one) { one.lineIndexesWithDependenciesMatchingTypeMask(7, host.index()); });
+                    [&](auto& one) { one.dependencies().lineIndexesWithDependenciesMatchingTypeMask(7, host.index()); });
             },
             [&] {
                 document([&](auto& one) {
-                    one.lineIndexesDirectlyDependingOnIndexesInRange(host.index(), host.index(), 7);
+                    one.dependencies().lineIndexesDirectlyDependingOnIndexesInRange(host.index(), host.index(), 7);
                 });
             },
             [&] { document([&](auto& one) { one.linesWithIndexes(set()); }); },
-            [&] { document([&](auto& one) { one.linesDeclaringVariableWithName(host.name()); }); },
+            [&] { document([&](auto& one) { one.declaredNames().linesDeclaringVariableWithName(host.name()); }); },
             [&] {
                 document([&](auto& one) {
                     const auto variable =
-                        documents[host.below(3)]->lineCollectionVariableWithName(host.name(), false);
+                        documents[host.below(3)]->declaredNames().lineCollectionVariableWithName(host.name(), false);
                     if (!variable) return;
-                    one.updateLineCollectionVariableOwnership(*variable);
-                    one.removeVariableIfNeeded(variable);
+                    one.declaredNames().updateLineCollectionVariableOwnership(*variable);
+                    one.declaredNames().removeVariableIfNeeded(variable);
                     variable->setValueResult(nullptr, line());
                     variable->valueForLineAtIndex(host.index());
                     if (host.coin()) variable->changeName(host.name());
                 });
             },
-            [&] { document([&](auto& one) { one.removeVariableIfNeeded(nullptr); }); },
+            [&] { document([&](auto& one) { one.declaredNames().removeVariableIfNeeded(nullptr); }); },
             [&] {
                 document([&](auto& one) {
-                    if (const auto asked = line()) one.directLineCollectionVariableReferencesForLine(*asked);
+                    if (const auto asked = line()) one.declaredNames().directLineCollectionVariableReferencesForLine(*asked);
                 });
             },
             [&] {
@@ -314,8 +316,12 @@ TEST_P(HostileEmbedder, OfDocuments) {
                 document(
                     [&](auto& one) { one.setTrigonometryMode(static_cast<int32_t>(host.below(4)) - 1); });
             },
-            [&] { document([&](auto& one) { one.expressionAndResultOnLineIndex(host.index(), u"="); }); },
-            [&] { document([&](auto& one) { one.description(); }); },
+            [&] {
+                document([&](auto& one) {
+                    TCLineCollectionReading::expressionAndResultOnLineIndex(one, host.index(), u"=");
+                });
+            },
+            [&] { document([&](auto& one) { TCLineCollectionReading::description(one); }); },
             [&] {
                 document([&](auto& one) {
                     if (const auto names = one.variables()) names->removeVariableWithName(host.name());

@@ -9,6 +9,7 @@
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
 #include "lines/TCLineCollectionDelegate.h"
+#include "lines/TCLineCollectionReading.h"
 #include "runtime/Unicode.h"
 
 #include <memory>
@@ -36,7 +37,7 @@ inline void fill(TCLineCollection& collection, const std::vector<std::string>& t
 
 inline std::vector<std::string> textsOf(const TCLineCollection& collection) {
     std::vector<std::string> texts;
-    for (const std::u16string& text : collection.arrayOfExpressions())
+    for (const std::u16string& text : TCLineCollectionReading::arrayOfExpressions(collection))
         texts.push_back(TBF::utf8(text));
     return texts;
 }

@@ -3,6 +3,7 @@
 #include "LineCollectionTesting.h"
 #include "environment/TCEvaluator.h"
 #include "expressions/TCExpression.h"
+#include "lines/TCLineRecalculation.h"
 #include "numbers/WorkBudget.h"
 #include "results/TCResult.h"
 #include "runtime/Settings.h"
@@ -59,7 +60,7 @@ TEST(LineBudget, work_without_bound_is_an_error_and_takes_seconds_at_most) {
     };
     for (const std::string& row : rows) {
         TCLineCollection lines;
-        lines.setLineBudget(TBF::standardLineBudget / 10);
+        lines.recalculation().setLineBudget(TBF::standardLineBudget / 10);
         const auto start = std::chrono::steady_clock::now();
         fill(lines, {row});
         const auto taken = std::chrono::steady_clock::now() - start;
@@ -101,24 +102,24 @@ TEST(LineBudget, what_ran_past_a_small_budget_is_finished_later_with_its_depende
     EXPECT_THAT(answersOf(loaded), ElementsAre("20000", "20001", "2", "20000", "10000"));
 
     TCLineCollection typed;
-    typed.setLineBudget(small);
+    typed.recalculation().setLineBudget(small);
     fill(typed, texts);
     EXPECT_EQ(answersOf(typed)[0], tooLong);
     EXPECT_EQ(answersOf(typed)[2], "2");
-    EXPECT_THAT(typed.indexesOfUnfinishedLines(), testing::Contains(0u));
+    EXPECT_THAT(typed.recalculation().indexesOfUnfinishedLines(), testing::Contains(0u));
 
-    typed.finishLines(TBF::standardLineBudget);
+    typed.recalculation().finishLines(TBF::standardLineBudget);
     EXPECT_EQ(answersOf(typed), answersOf(loaded));
-    EXPECT_TRUE(typed.indexesOfUnfinishedLines().isEmpty());
-    EXPECT_EQ(typed.lineBudget(), small); // for the next edit
+    EXPECT_TRUE(typed.recalculation().indexesOfUnfinishedLines().isEmpty());
+    EXPECT_EQ(typed.recalculation().lineBudget(), small); // for the next edit
 }
 
 TEST(LineBudget, a_host_may_set_none) {
     useEvaluatingEnvironment();
     TCLineCollection lines;
-    lines.setLineBudget(small);
+    lines.recalculation().setLineBudget(small);
     fill(lines, {"20000!/19999!"});
-    lines.setLineBudget(TBF::noBudget);
+    lines.recalculation().setLineBudget(TBF::noBudget);
     lines.evaluateLines();
     EXPECT_THAT(answersOf(lines), ElementsAre("20000"));
 }
@@ -126,7 +127,7 @@ TEST(LineBudget, a_host_may_set_none) {
 TEST(LineBudget, past_the_budget_of_a_batch_no_further_line_is_begun) {
     useEvaluatingEnvironment();
     TCLineCollection lines;
-    lines.setBatchBudget(small);
+    lines.recalculation().setBatchBudget(small);
     fill(lines, {"1+1", "20000!/19999!", "2+2", "", "only words", absolute(1) + "+1"});
     EXPECT_THAT(answersOf(lines), ElementsAre("2", "20000", tooLong, "", "", tooLong));
     // An edit is a batch of its own.
@@ -149,7 +150,7 @@ TEST(LineLength, a_line_that_is_too_long_is_text_and_an_error) {
         EXPECT_FALSE(line->variableDeclaration());
         EXPECT_TRUE(line->referencesToLines().empty());
     }
-    EXPECT_TRUE(lines.linesDeclaringVariableWithName(u"name").empty());
+    EXPECT_TRUE(lines.declaredNames().linesDeclaringVariableWithName(u"name").empty());
     EXPECT_EQ(answerOf(*lines.lineAtIndex(4)), "1"); // as after any other error
 
     // Nothing of the text is lost, and a shorter one has its answer again.

@@ -1,4 +1,5 @@
 #include "lines/LineCollectionTesting.h"
+#include "lines/TCDeclaredNames.h"
 #include "lines/TCLineCollectionDelegate.h"
 #include "lines/TCLineCollectionVariable.h"
 #include "results/Result.h"
@@ -295,7 +296,7 @@ TEST(DeclaredNames, UnitsTravelWithValues) {
 }
 
 std::string displayValueOf(const TCLineCollection& collection, const std::u16string& name) {
-    return TBF::utf8(collection.lineCollectionVariableWithName(name, true)->displayValue());
+    return TBF::utf8(collection.declaredNames().lineCollectionVariableWithName(name, true)->displayValue());
 }
 
 // `x = 5 m` and `x = 5 km` are of one text.
@@ -399,7 +400,7 @@ TEST(LineCollectionVariable, EachDeclarationRulesItsRange) {
     TCLineCollection collection;
     fill(collection, {"1", "2", "x = 5", "3", "4", "x = 8"});
     const auto valuesOfX = [&] {
-        const auto variable = collection.lineCollectionVariableWithName(u"x", true);
+        const auto variable = collection.declaredNames().lineCollectionVariableWithName(u"x", true);
         std::vector<std::string> values;
         for (const std::size_t index : {0, 2, 4, 5, 9})
             values.push_back(TBF::utf8(variable->delocalizedValueForLineAtIndex(index).value_or(u"none")));

@@ -1,8 +1,11 @@
 #include "LineCollectionTesting.h"
 #include "document/DependencyGraph.h"
 #include "document/TBFDependencyType.h"
+#include "lines/TCDeclaredNames.h"
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
+#include "lines/TCLineCollectionReading.h"
+#include "lines/TCLineDependencies.h"
 #include "results/TCResult.h"
 
 #include <gmock/gmock.h>
@@ -164,30 +167,30 @@ TEST(Recalculation, ClearCachesReadsTheSameTextAnew) {
 TEST(Recalculation, ReferencesReachAThousandLinesPastTheEnd) {
     TCLineCollection collection;
     fill(collection, {absolute(1001), absolute(1002), "3"});
-    EXPECT_EQ(collection.dependencyGraph().directDependents(1001).size(), 1u);
-    EXPECT_EQ(collection.dependencyGraph().directDependents(1002).size(), 1u);
+    EXPECT_EQ(collection.dependencies().graph().directDependents(1001).size(), 1u);
+    EXPECT_EQ(collection.dependencies().graph().directDependents(1002).size(), 1u);
     collection.lineAtIndex(0)->setExpressionString(TBF::utf16(absolute(1003)));
-    EXPECT_EQ(collection.dependencyGraph().directDependents(1003).size(), 0u);
-    EXPECT_EQ(collection.dependencyGraph().directDependents(1001).size(), 0u);
+    EXPECT_EQ(collection.dependencies().graph().directDependents(1003).size(), 0u);
+    EXPECT_EQ(collection.dependencies().graph().directDependents(1001).size(), 0u);
     collection.addLine(lineOf("4")); // the document grows, and its reach with it
-    EXPECT_EQ(collection.dependencyGraph().directDependents(1003).size(), 1u);
+    EXPECT_EQ(collection.dependencies().graph().directDependents(1003).size(), 1u);
 }
 
 TEST(Recalculation, EdgesTellTheKindOfReference) {
     TCLineCollection collection;
     fill(collection, {"1", relative(-1), absolute(0), relative(-3) + " + " + absolute(0), relative(-9)});
-    EXPECT_THAT(collection.dependencyGraph().directDependents(0),
+    EXPECT_THAT(collection.dependencies().graph().directDependents(0),
                 ElementsAre(TBF::DependencyEdge{1, TBFDependencyTypeRelativeLineReference},
                             TBF::DependencyEdge{2, TBFDependencyTypeAbsoluteLineReference},
                             TBF::DependencyEdge{3, TBFDependencyTypeAnyLineReference}));
-    EXPECT_EQ(collection.lineIndexesWithDependenciesMatchingTypeMask(TBFDependencyMaskRelative, 1),
+    EXPECT_EQ(collection.dependencies().lineIndexesWithDependenciesMatchingTypeMask(TBFDependencyMaskRelative, 1),
               TCLineIndexSet{3});
-    EXPECT_EQ(collection.lineIndexesWithDependenciesMatchingTypeMask(TBFDependencyMaskAbsolute,
+    EXPECT_EQ(collection.dependencies().lineIndexesWithDependenciesMatchingTypeMask(TBFDependencyMaskAbsolute,
                                                                      TCLineIndexSet({1, 2})),
               (TCLineIndexSet{2, 3}));
-    EXPECT_EQ(collection.linesWithDependenciesCrossingLineIndex(1).size(), 2u);
-    EXPECT_EQ(collection.indexesOfLinesDependingOnLineAtIndex(0), (TCLineIndexSet{1, 2, 3}));
-    EXPECT_EQ(collection.lineIndexesDirectlyDependingOnIndexesInRange(0, 1, TBFDependencyMaskRelative),
+    EXPECT_EQ(collection.dependencies().linesWithDependenciesCrossingLineIndex(1).size(), 2u);
+    EXPECT_EQ(collection.dependencies().indexesOfLinesDependingOnLineAtIndex(0), (TCLineIndexSet{1, 2, 3}));
+    EXPECT_EQ(collection.dependencies().lineIndexesDirectlyDependingOnIndexesInRange(0, 1, TBFDependencyMaskRelative),
               (TCLineIndexSet{1, 3}));
 }
 
@@ -196,7 +199,7 @@ TEST(Recalculation, DeclaringLinesAreFoundInDocumentOrder) {
     fill(collection, {"x = 1", "y = 2", "x = 3", "X = 4"});
     const auto declaring = [&](const std::u16string& name) {
         Indexes indexes;
-        for (const auto& line : collection.linesDeclaringVariableWithName(name))
+        for (const auto& line : collection.declaredNames().linesDeclaringVariableWithName(name))
             indexes.push_back(line->index());
         return indexes;
     };
@@ -268,7 +271,7 @@ private:
 std::vector<std::vector<TBF::DependencyEdge>> edgesOf(const TCLineCollection& collection) {
     std::vector<std::vector<TBF::DependencyEdge>> edges;
     for (uint32_t i = 0; i < 1000; ++i)
-        edges.push_back(collection.dependencyGraph().directDependents(i));
+        edges.push_back(collection.dependencies().graph().directDependents(i));
     return edges;
 }
 
@@ -277,12 +280,12 @@ bool hasCycle(const TCLineCollection& collection) {
     std::vector<uint32_t> all;
     for (uint32_t i = 0; i < collection.countOfLines(); ++i)
         all.push_back(i);
-    const std::vector<uint32_t> order = collection.dependencyGraph().evaluationOrder(all);
+    const std::vector<uint32_t> order = collection.dependencies().graph().evaluationOrder(all);
     std::vector<std::size_t> place(1100);
     for (std::size_t i = 0; i < order.size(); ++i)
         place[order[i]] = i;
     for (const uint32_t used : all)
-        for (const TBF::DependencyEdge& user : collection.dependencyGraph().directDependents(used))
+        for (const TBF::DependencyEdge& user : collection.dependencies().graph().directDependents(used))
             if (place[user.lineIndex] < place[used]) return true;
     return false;
 }
@@ -305,8 +308,8 @@ TEST(Recalculation, AnswersFollowTheirReferences) {
     EXPECT_THAT(answersOf(collection), ElementsAre(u"1", u"2", u"3", std::nullopt));
     collection.insertLine(lineOf("100"), 1);
     EXPECT_THAT(answersOf(collection), ElementsAre(u"1", u"100", u"200", u"201", std::nullopt));
-    EXPECT_EQ(collection.results().size(), 5u);
-    EXPECT_EQ(collection.expressionAndResultOnLineIndex(1, u"="), u"100=100");
+    EXPECT_EQ(TCLineCollectionReading::results(collection).size(), 5u);
+    EXPECT_EQ(TCLineCollectionReading::expressionAndResultOnLineIndex(collection, 1, u"="), u"100=100");
 }
 
 TEST(Recalculation, AnAngleModeReachesTheUsersOfItsLines) {

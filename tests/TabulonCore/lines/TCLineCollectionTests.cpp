@@ -3,6 +3,7 @@
 #include "LineCollectionTesting.h"
 #include "environment/TCEnvironment.h"
 #include "environment/TCWarnLog.h"
+#include "lines/TCLineCollectionReading.h"
 #include "results/TCResultFormattingOptions.h"
 
 #include <gmock/gmock.h>
@@ -161,13 +162,14 @@ TEST(TCLineCollection, ReadsAsAWhole) {
     TCLineCollection empty, collection;
     fill(empty, {"", "", ""});
     fill(collection, {"one", "", "two", ""});
-    EXPECT_TRUE(empty.isEmpty());
-    EXPECT_FALSE(collection.isEmpty());
-    EXPECT_EQ(collection.fullPreview(), u"one, two, ");
-    EXPECT_EQ(collection.stringOfAllExpressionsSeperatedByDivider(u"|"), u"one||two|");
+    EXPECT_TRUE(TCLineCollectionReading::isEmpty(empty));
+    EXPECT_FALSE(TCLineCollectionReading::isEmpty(collection));
+    EXPECT_EQ(TCLineCollectionReading::fullPreview(collection), u"one, two, ");
+    EXPECT_EQ(TCLineCollectionReading::stringOfAllExpressionsSeperatedByDivider(collection, u"|"),
+              u"one||two|");
     collection.lineAtIndex(0)->setExpressionString(std::u16string(200, u'a'));
-    EXPECT_EQ(collection.fullPreview(), std::u16string(100, u'a'));
-    EXPECT_EQ(empty.fullPreview(), u"");
+    EXPECT_EQ(TCLineCollectionReading::fullPreview(collection), std::u16string(100, u'a'));
+    EXPECT_EQ(TCLineCollectionReading::fullPreview(empty), u"");
 }
 
 TEST(TCLine, KindsOfLines) {

@@ -1,10 +1,11 @@
-// The names that lines declare: a variable for each, with the lines that declare it and their values.
+#include "lines/TCDeclaredNames.h"
 
+#include "environment/TCEnvironment.h"
 #include "expressions/TCExpression.h"
 #include "expressions/TCLineVariableDeclaration.h"
 #include "lines/TCLine.h"
-#include "lines/TCLineCollection.h"
 #include "lines/TCLineCollectionVariable.h"
+#include "lines/TCLineList.h"
 #include "runtime/Settings.h"
 #include "variables/TCVariableList.h"
 
@@ -53,20 +54,42 @@ std::array<std::shared_ptr<TCLine>, 2> ownersReadAt(const TCLineCollectionVariab
 
 } // namespace
 
+std::shared_ptr<TCVariableList> TCDeclaredNames::variables() const {
+    return environment_->variables();
+}
+
+void TCDeclaredNames::allLinesWent() {
+    declarations_.removeAll();
+    if (const auto list = variables()) list->removeAllVariables();
+}
+
 std::vector<std::shared_ptr<TCLine>>
-TCLineCollection::linesDeclaringVariableWithName(const std::u16string& name) const {
-    return declarations.linesDeclaring(name);
+TCDeclaredNames::linesDeclaringVariableWithName(const std::u16string& name) const {
+    return declarations_.linesDeclaring(name);
+}
+
+bool TCDeclaredNames::hasDeclarationOnOrAfterIndex(std::size_t index) const {
+    return declarations_.hasDeclarationOnOrAfterIndex(index);
 }
 
 std::shared_ptr<TCLineCollectionVariable>
-TCLineCollection::lineCollectionVariableWithName(const std::u16string& name, bool exactCase) const {
+TCDeclaredNames::lineCollectionVariableWithName(const std::u16string& name, bool exactCase) const {
     const auto list = variables();
     if (!list) return nullptr;
     return std::dynamic_pointer_cast<TCLineCollectionVariable>(
         exactCase ? list->variableWithExactCaseName(name) : list->variableWithName(name));
 }
 
-void TCLineCollection::updateLineCollectionVariableOwnership(TCLineCollectionVariable& variable) {
+std::vector<std::shared_ptr<TCLineCollectionVariable>>
+TCDeclaredNames::directLineCollectionVariableReferencesForLine(const TCLine& line) const {
+    std::vector<std::shared_ptr<TCLineCollectionVariable>> found;
+    if (declarations_.isEmpty()) return found;
+    for (const std::u16string& name : line.usedVariableNames())
+        if (auto variable = lineCollectionVariableWithName(name, false)) found.push_back(std::move(variable));
+    return found;
+}
+
+void TCDeclaredNames::updateLineCollectionVariableOwnership(TCLineCollectionVariable& variable) {
     const auto owners = linesDeclaringVariableWithName(variable.name().value_or(std::u16string()));
     variable.beginBatchOwnerLinesChange();
     variable.removeAllOwnerLines();
@@ -77,14 +100,14 @@ void TCLineCollection::updateLineCollectionVariableOwnership(TCLineCollectionVar
     variable.endBatchOwnerLineChange();
 }
 
-void TCLineCollection::removeVariableIfNeeded(const std::shared_ptr<TCLineCollectionVariable>& variable) {
+void TCDeclaredNames::removeVariableIfNeeded(const std::shared_ptr<TCLineCollectionVariable>& variable) {
     if (variable && variable->countOfOwnerLines() == 0) variables()->removeVariable(variable);
 }
 
-TCLineCollection::NameChanges
-TCLineCollection::updateInternalVariableList(const TCLineDeclarationIndex::Names& changedNames,
-                                             bool positionsChanged) {
-    NameChanges changes;
+TCDeclaredNames::Changes TCDeclaredNames::bringVariablesUpToDate(bool positionsChanged) {
+    const TCLineDeclarationIndex::Names changedNames = declarations_.takeChangedNames();
+    Changes changes;
+    changes.declarationsChanged = !changedNames.empty();
     const auto list = variables();
     if (!list) return changes;
     const auto hasOtherSpelling = [&](const std::u16string& name) {
@@ -110,20 +133,21 @@ TCLineCollection::updateInternalVariableList(const TCLineDeclarationIndex::Names
     }
     if (!positionsChanged) return changes;
     // The only declaration of a name rules all lines wherever it stands.
-    for (const TCLineDeclarationIndex::Name& name : declarations.namesDeclaredRepeatedly())
+    for (const TCLineDeclarationIndex::Name& name : declarations_.namesDeclaredRepeatedly())
         if (const auto variable = lineCollectionVariableWithName(name->utf16(), true))
             updateLineCollectionVariableOwnership(*variable);
     return changes;
 }
 
-TCLineIndexSet TCLineCollection::unparseLinesThatMayUse(const std::vector<std::u16string>& names) {
+TCLineIndexSet TCDeclaredNames::unparseLinesThatMayUse(const std::vector<std::u16string>& names) {
     if (names.empty()) return {};
     if (names.size() > namesWorthSearching) {
-        unparseAllLines();
-        return TCLineIndexSet::withRange(0, lines.size());
+        for (const auto& line : lines_)
+            line->unparse();
+        return TCLineIndexSet::withRange(0, lines_.countOfLines());
     }
     std::vector<std::size_t> unparsed;
-    for (const auto& line : lines) {
+    for (const auto& line : lines_) {
         if (line->isKeptAsNothing()) continue;
         const auto& evaluable = line->evaluableExpression();
         if (!line->isParsed() || !evaluable || !mayHold(evaluable->stringForEvaluation(), names)) continue;
@@ -133,16 +157,7 @@ TCLineIndexSet TCLineCollection::unparseLinesThatMayUse(const std::vector<std::u
     return TCLineIndexSet(std::move(unparsed));
 }
 
-std::vector<std::shared_ptr<TCLineCollectionVariable>>
-TCLineCollection::directLineCollectionVariableReferencesForLine(const TCLine& line) const {
-    std::vector<std::shared_ptr<TCLineCollectionVariable>> found;
-    if (declarations.isEmpty()) return found;
-    for (const std::u16string& name : line.usedVariableNames())
-        if (auto variable = lineCollectionVariableWithName(name, false)) found.push_back(std::move(variable));
-    return found;
-}
-
-TCLineIndexSet TCLineCollection::directLineCollectionVariableOwnersForLine(const TCLine& line) const {
+TCLineIndexSet TCDeclaredNames::ownersUsedByLine(const TCLine& line) const {
     std::vector<std::size_t> indexes;
     for (const auto& variable : directLineCollectionVariableReferencesForLine(line)) {
         if (variable->countOfOwnerLines() > ownersWithEdges) {
@@ -156,23 +171,22 @@ TCLineIndexSet TCLineCollection::directLineCollectionVariableOwnersForLine(const
     return TCLineIndexSet(std::move(indexes));
 }
 
-// Whether the line `readerIndex`, which uses the name that the line `index` declares, reads the value of that
-// one.
-bool TCLineCollection::isReadAsVariable(std::size_t index, std::size_t readerIndex) const {
-    if (index >= lines.size()) return false;
-    const auto declaration = lines[index]->variableDeclaration();
-    const auto variable = declaration ? lineCollectionVariableWithName(declaration->name(), true) : nullptr;
-    if (!variable) return false;
-    const auto owners = ownersReadAt(*variable, readerIndex);
-    return std::find(owners.begin(), owners.end(), lines[index]) != owners.end();
+std::shared_ptr<TCLineCollectionVariable> TCDeclaredNames::variableDeclaredBy(const TCLine& line) const {
+    const auto declaration = line.variableDeclaration();
+    return declaration ? lineCollectionVariableWithName(declaration->name(), true) : nullptr;
 }
 
-// The line's answer, or none while it has none, becomes the value of the name that it declares.
-void TCLineCollection::storeValueOfDeclaringLine(const std::shared_ptr<TCLine>& line) {
-    const auto declaration = line->variableDeclaration();
-    const auto variable = declaration ? lineCollectionVariableWithName(declaration->name(), true) : nullptr;
-    if (variable && variable->isOwnerLine(line)) {
-        int64_t error = 0;
-        variable->setValueResult(line->_resultAlongPath(nullptr, &error), line);
-    }
+bool TCDeclaredNames::isReadAsVariable(std::size_t index, std::size_t readerIndex) const {
+    if (!lines_.hasLineAtIndex(index)) return false;
+    const auto variable = variableDeclaredBy(*lines_[index]);
+    if (!variable) return false;
+    const auto owners = ownersReadAt(*variable, readerIndex);
+    return std::find(owners.begin(), owners.end(), lines_[index]) != owners.end();
+}
+
+void TCDeclaredNames::storeValueOfDeclaringLine(const std::shared_ptr<TCLine>& line) {
+    const auto variable = variableDeclaredBy(*line);
+    if (!variable || !variable->isOwnerLine(line)) return;
+    int64_t error = 0;
+    variable->setValueResult(line->_resultAlongPath(nullptr, &error), line);
 }

@@ -181,22 +181,6 @@ TEST(FileDictionary, copiesAndEqualsShareTheirItemsUntilOneChanges) {
     EXPECT_EQ(copy.count(), 2u);
 }
 
-// An index from a host, however large, takes no memory past what a document may have.
-TEST(FileWriter, hasNoLinesPastWhatADocumentMayHave) {
-    TBF::FileLinesNode lines;
-    TBFFileLinesNodeSetExpressionUTF8(&lines, 1, "1 + 1");
-    for (const uint32_t index : {uint32_t{TBF::FileLinesNode::mostLines}, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
-        TBFFileLinesNodeSetExpressionUTF8(&lines, index, "2");
-        TBFFileLinesNodeSetFormattingAttribute(&lines, index, string(u"0").get(), string(u"sn_mode").get());
-        TBFFileLinesNodeSetFormattingAttributesDictionary(&lines, index, {});
-        TBFFileLinesNodeSetFileLineNumber(&lines, index, 3);
-        lines.setDecimalPlaces_0_5(index, 2);
-        lines.setTrigonometryMode_0_5(index, 1);
-        EXPECT_EQ(TBFFileLinesNodeGetExpression(&lines, index), nullptr);
-    }
-    EXPECT_EQ(lines.count(), 2u);
-}
-
 // Wherever memory ends, there is the whole text or none.
 TEST(FileWriter, losesNoTextWithoutMemory) {
     TBF::FileLinesNode lines;

@@ -2,6 +2,7 @@
 #include "face/document/TBFDependencyGraph.h"
 #include "face/document/TBFFileLinesNode.h"
 #include "face/document/TBFFileSettingsNode.h"
+#include "runtime/String.h"
 
 #include <gmock/gmock.h>
 
@@ -57,6 +58,23 @@ TEST(TBFDependencyGraph, ANodeThatEndsTakesItsEdgesAlong) {
 TEST(TBFFileNodes, WhatADocumentLacksHasItsDefaults) {
     EXPECT_EQ(TBFFileSettingsNodeGetTrigonometryMode(nullptr), 1u);
     EXPECT_EQ(TBFFileLinesNodeGetFileLineNumber(nullptr, 0), 0xFFFFFFFF);
+}
+
+// An index from a host, however large, takes no memory past what a document may have.
+TEST(TBFFileLinesNode, HasNoLinesPastWhatADocumentMayHave) {
+    TBF::FileLinesNode lines;
+    TBFFileLinesNodeSetExpressionUTF8(&lines, 1, "1 + 1");
+    for (const uint32_t index : {uint32_t{TBF::FileLinesNode::mostLines}, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
+        TBFFileLinesNodeSetExpressionUTF8(&lines, index, "2");
+        TBFFileLinesNodeSetFormattingAttribute(&lines, index, TBF::String::create(u"0").get(),
+                                               TBF::String::create(u"sn_mode").get());
+        TBFFileLinesNodeSetFormattingAttributesDictionary(&lines, index, {});
+        TBFFileLinesNodeSetFileLineNumber(&lines, index, 3);
+        lines.setDecimalPlaces_0_5(index, 2);
+        lines.setTrigonometryMode_0_5(index, 1);
+        EXPECT_EQ(TBFFileLinesNodeGetExpression(&lines, index), nullptr);
+    }
+    EXPECT_EQ(lines.count(), 2u);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "document/DependencyGraph.h"
+#include "document/FileLinesNode.h"
 #include "face/document/TBFDependencyGraph.h"
 #include "face/document/TBFFileLinesNode.h"
 #include "face/document/TBFFileSettingsNode.h"

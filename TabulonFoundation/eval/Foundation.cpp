@@ -33,7 +33,7 @@ void start(Ref<Settings> settings) {
     TBFMAPMExtensionsInit();
     Number::makeConstants();
     TBFUnitDisambiguatorInit();
-    UnitTypeFactorings::initialize();
+    TBF_UnitTypeFactorings_initialize();
     VariableList::startStandard();
     WordOperatorCompiler::sharedOver(FunctionList::standard());
     WordOperatorList::shared();

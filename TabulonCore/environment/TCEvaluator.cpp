@@ -11,12 +11,12 @@
 #include "expressions/TCExpression.h"
 #include "expressions/TCExpressionSubstituter.h"
 #include "expressions/TCExpressionTokenizer.h"
+#include "expressions/TCLineReading.h"
 #include "expressions/TCSimpleTokenizedExpression.h"
 #include "lines/TCIndexPath.h"
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
 #include "names/Namespace.h"
-#include "parser/ExpressionParser.h"
 #include "parser/ParsedExpression.h"
 #include "results/Result.h"
 #include "results/TCResult.h"
@@ -90,8 +90,8 @@ TCEvaluator::evaluateTokenizedExpression(const TCSimpleTokenizedExpression* expr
     const auto* const tokens = expression ? expression->tbfTokenizedExpression() : nullptr;
     if (!tokens) return TCResult::emptyResult();
 
-    const auto parsed = TBF::ExpressionParser::parse(
-        *tokens, environment.names(), context ? static_cast<int32_t>(context->lineIndex()) : 0);
+    const int32_t lineIndex = context ? static_cast<int32_t>(context->lineIndex()) : 0;
+    const auto parsed = TCLineReading::parse(TCLineReading::analyze(*tokens, environment.names(), lineIndex));
 
     TBF::Evaluator evaluator(environment.names()->unitCollection());
     evaluator.setTrigonometryMode(

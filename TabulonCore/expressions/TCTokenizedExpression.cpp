@@ -1,11 +1,11 @@
 #include "expressions/TCTokenizedExpression.h"
 
-#include "analysis/ContextualAnalyzer.h"
 #include "analysis/ExpressionTokenizer.h"
+#include "analysis/TokenizedExpression.h"
 #include "environment/TCEnvironment.h"
 #include "environment/TCEvaluator.h"
 #include "expressions/TCExpression.h"
-#include "expressions/TCExpressionTokenBuilder.h"
+#include "expressions/TCLineReading.h"
 #include "names/Namespace.h"
 #include "variables/TCVariableList.h"
 
@@ -70,13 +70,12 @@ void TCTokenizedExpression::tokenize() {
     const auto tokenizer =
         TBF::ExpressionTokenizer::create(TCTBFLocaleFromTCSimpleLocale(expression->locale()));
     tokenizer->setEnableComments(parsesComments);
-    const auto analyzer = TBF::ContextualAnalyzer::create();
-    analyzer->setNamespace(environment->names());
-    expressionTokens = analyzer->analyzeForReading(*tokenizer->tokenize(expression->tbfExpression()), 0);
+    expressionTokens =
+        TCLineReading::analyze(*tokenizer->tokenize(expression->tbfExpression()), environment->names(), 0);
     tokenArray = parseTBFExpressionTokens(*expression);
     if (variableList) variableListStateIndicator = variableList->stateIndicator();
 }
 
 TCExpressionTokens TCTokenizedExpression::parseTBFExpressionTokens(const TCExpression& expression) const {
-    return TCExpressionTokenBuilder(expressionTokens, expression.expressionMappings().get(), source).build();
+    return TCLineReading::show(expressionTokens, expression);
 }

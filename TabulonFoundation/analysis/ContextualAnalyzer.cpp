@@ -93,10 +93,10 @@ ExpressionTokenList ContextualAnalyzer::analyze(const TokenizedExpression& expre
 }
 
 ExpressionTokenList ContextualAnalyzer::analyzeForReading(const TokenizedExpression& expression,
-                                                          int32_t lineIndex) const {
+                                                          int32_t lineIndex, bool takesShortcuts) const {
     const Settings& settings = Settings::current();
     ExpressionTokenList plain;
-    if (settings.usesNewEvaluatorImpl() &&
+    if (takesShortcuts && settings.usesNewEvaluatorImpl() &&
         analyzePlainCalculation(expression.tokens(), names.get(), scopeOf(lineIndex, settings), plain))
         return plain;
     return run(expression, lineIndex, Sharing::UnchangedTokens, nullptr);

@@ -30,8 +30,9 @@ public:
     ExpressionTokenList analyze(const TokenizedExpression& expression, int32_t lineIndex) const;
 
     // The same for a caller that only reads the tokens: the given ones stand in the list themselves where
-    // they mean what they meant.
-    ExpressionTokenList analyzeForReading(const TokenizedExpression& expression, int32_t lineIndex) const;
+    // they mean what they meant. Without shortcuts all passes run over calculations too, to the same outcome.
+    ExpressionTokenList analyzeForReading(const TokenizedExpression& expression, int32_t lineIndex,
+                                          bool takesShortcuts = true) const;
 
     // One step of the analysis.
     struct Pass {

@@ -39,16 +39,14 @@ Ref<ParsedExpression> ExpressionParser::parse(Expression* expression) const {
 
 Ref<ParsedExpression> ExpressionParser::parse(const TokenizedExpression& tokenizedExpression,
                                               int32_t lineIndex) const {
-    return parse(tokenizedExpression, space, lineIndex);
+    const Ref<ContextualAnalyzer> analyzer = ContextualAnalyzer::create();
+    analyzer->setNamespace(space);
+    return parse(analyzer->analyzeForReading(tokenizedExpression, lineIndex));
 }
 
-Ref<ParsedExpression> ExpressionParser::parse(const TokenizedExpression& tokenizedExpression,
-                                              Ref<Namespace> names, int32_t lineIndex) {
-    const Ref<ContextualAnalyzer> analyzer = ContextualAnalyzer::create();
-    analyzer->setNamespace(std::move(names));
-    ExpressionTokenList tokens = analyzer->analyzeForReading(tokenizedExpression, lineIndex);
-    ParseResult result = parseExpressionTokens(tokens);
-    return ParsedExpression::create(std::move(tokens), std::move(result.tree));
+Ref<ParsedExpression> ExpressionParser::parse(ExpressionTokenList analyzedTokens) {
+    ParseResult result = parseExpressionTokens(analyzedTokens);
+    return ParsedExpression::create(std::move(analyzedTokens), std::move(result.tree));
 }
 
 } // namespace TBF

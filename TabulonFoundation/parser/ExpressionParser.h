@@ -4,6 +4,7 @@
 // evaluates lines through it. A parser only reads its names; it may be shared between threads as far as they
 // may.
 
+#include "analysis/ExpressionTokenList.h"
 #include "runtime/Object.h"
 #include "runtime/Ref.h"
 
@@ -33,9 +34,8 @@ public:
     // Where names may be redefined, they have the values that they have on the line of that index.
     Ref<ParsedExpression> parse(const TokenizedExpression& tokenizedExpression, int32_t lineIndex = 0) const;
 
-    // The same for who has the names and needs no parser. Never null.
-    static Ref<ParsedExpression> parse(const TokenizedExpression& tokenizedExpression, Ref<Namespace> names,
-                                       int32_t lineIndex);
+    // The last step alone, of analyzed tokens. Never null.
+    static Ref<ParsedExpression> parse(ExpressionTokenList analyzedTokens);
 
 private:
     friend class Object<ExpressionParser>;

@@ -5,8 +5,13 @@
 // shares most of it. Set up and used on one thread at a time.
 
 #include "environment/TCSimpleLocale.h"
+#include "runtime/Ref.h"
 
 #include <memory>
+
+namespace TBF {
+class Namespace;
+}
 
 class TCEvaluator;
 class TCFunctionList;
@@ -36,6 +41,10 @@ public:
     const std::shared_ptr<TCFunctionList>& functions() const { return functionList; }
     TCSimpleLocale locale() const { return textLocale; }
 
+    // What words mean here: units, variables, word operators and functions, as whoever reads a text takes
+    // them. Put together in this place alone, and kept up to date by the setters. Never null.
+    const TBF::Ref<TBF::Namespace>& names() const { return space; }
+
     void setSharedEvaluator(std::shared_ptr<TCEvaluator> newEvaluator);
     void setUnitManager(std::shared_ptr<TCUnitCollection> newUnits);
     void setVariables(std::shared_ptr<TCVariableList> newVariables);
@@ -47,7 +56,8 @@ private:
     struct Passkey {};
 
 public:
-    explicit TCEnvironment(Passkey) {}
+    explicit TCEnvironment(Passkey);
+    ~TCEnvironment();
 
 private:
     std::shared_ptr<TCEvaluator> evaluator;
@@ -55,6 +65,7 @@ private:
     std::shared_ptr<TCVariableList> variableList;
     std::shared_ptr<TCWordOperatorList> wordOperatorList;
     std::shared_ptr<TCFunctionList> functionList;
+    TBF::Ref<TBF::Namespace> space; // of the four lists
     TCSimpleLocale textLocale = kTCSimpleLocalDefault;
     bool sealed = false;
 };

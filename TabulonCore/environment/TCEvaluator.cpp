@@ -11,14 +11,12 @@
 #include "expressions/TCExpression.h"
 #include "expressions/TCExpressionSubstituter.h"
 #include "expressions/TCExpressionTokenizer.h"
+#include "expressions/TCLineReading.h"
 #include "expressions/TCSimpleTokenizedExpression.h"
 #include "lines/TCIndexPath.h"
 #include "lines/TCLine.h"
 #include "lines/TCLineCollection.h"
-#include "names/functions/FunctionList.h"
-#include "names/variables/VariableList.h"
-#include "names/wordoperators/WordOperatorList.h"
-#include "parser/ExpressionParser.h"
+#include "names/Namespace.h"
 #include "parser/ParsedExpression.h"
 #include "results/Result.h"
 #include "results/TCResult.h"
@@ -28,27 +26,6 @@
 #include "variables/TCVariableList.h"
 
 #include <utility>
-
-namespace {
-
-// What the core layer's lists hold, as the foundation takes it; null for a list that isn't there.
-struct FoundationLists {
-    TBF::Ref<TBF::FunctionList> functions;
-    TBF::Ref<TBF::VariableList> variables;
-    TBF::Ref<TBF::WordOperatorList> wordOperators;
-    TBF::Ref<TBF::UnitCollection> units;
-
-    explicit FoundationLists(const TCEnvironment& environment) {
-        if (environment.functions()) functions = TBF::retain(environment.functions()->tbfFunctionList());
-        if (environment.variables()) variables = TBF::retain(environment.variables()->tbfVariableList());
-        if (environment.wordOperators()) {
-            wordOperators = TBF::retain(environment.wordOperators()->tbfWordOperatorList());
-        }
-        if (environment.unitManager()) units = TBF::retain(environment.unitManager()->tbfUnitCollection());
-    }
-};
-
-} // namespace
 
 TCEvaluator::TCEvaluator(std::shared_ptr<TCUnitCollection> units, std::shared_ptr<TCVariableList> variables,
                          std::shared_ptr<TCWordOperatorList> wordOperators)
@@ -88,7 +65,8 @@ std::shared_ptr<TCResult> TCEvaluator::evaluateExpression(const std::shared_ptr<
                                        nullptr);
 }
 
-std::shared_ptr<TCResult> TCEvaluator::evaluateLine(const TCLine& line, TCIndexPath* path, int64_t* error) {
+std::shared_ptr<TCResult> TCEvaluator::evaluateLine(const TCLine& line, TCIndexPath* path, int64_t* error,
+                                                    const TCEvaluationOptions& options) {
     if (!path) {
         TBFErrorLog("Error: index path can not be nil");
         return nullptr;
@@ -100,28 +78,26 @@ std::shared_ptr<TCResult> TCEvaluator::evaluateLine(const TCLine& line, TCIndexP
     // A free line knows no names.
     if (!environment) environment = TCEnvironment::make();
     return evaluateTokenizedExpression(line.tokenizedEvaluableExpression().get(), *environment, &context,
-                                       error);
+                                       error, options);
 }
 
 std::shared_ptr<TCResult>
 TCEvaluator::evaluateTokenizedExpression(const TCSimpleTokenizedExpression* expression,
                                          const TCEnvironment& environment, TCEvaluationContext* context,
-                                         int64_t* error) {
+                                         int64_t* error, const TCEvaluationOptions& options) {
     if (error) *error = 0;
     lastSteps = 0;
     const auto* const tokens = expression ? expression->tbfTokenizedExpression() : nullptr;
     if (!tokens) return TCResult::emptyResult();
 
-    const FoundationLists lists(environment);
-    const auto parser =
-        TBF::ExpressionParser::create(lists.functions, lists.variables, lists.wordOperators, lists.units);
-    const auto parsed = parser->parse(*tokens, context ? static_cast<int32_t>(context->lineIndex()) : 0);
-    if (!parsed) return TCResult::emptyResult();
+    const int32_t lineIndex = context ? static_cast<int32_t>(context->lineIndex()) : 0;
+    const auto parsed = TCLineReading::parse(TCLineReading::analyze(*tokens, environment.names(), lineIndex));
 
-    TBF::Evaluator evaluator(lists.units.get());
-    evaluator.setTrigonometryMode(TCTrigonometryModeToTBFTrigonometryMode(angleMode));
+    TBF::Evaluator evaluator(environment.names()->unitCollection());
+    evaluator.setTrigonometryMode(
+        TCTrigonometryModeToTBFTrigonometryMode(options.trigonometryMode.value_or(angleMode)));
     evaluator.setContextInfo(context);
-    if (ownBudget) evaluator.setBudget(*ownBudget);
+    if (const auto budget = options.budget ? options.budget : ownBudget) evaluator.setBudget(*budget);
     auto result = evaluator.evaluate(*parsed);
     lastSteps = evaluator.stepsTaken();
     if (error && context) *error = context->evaluatorError();

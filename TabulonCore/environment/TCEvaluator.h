@@ -1,7 +1,7 @@
 #pragma once
 
 // Evaluates texts and lines with given units, variables and word operators. One is shared by all documents,
-// through the current environment; its angle mode is set for each line. Used by one thread at a time.
+// through the current environment. Used by one thread at a time.
 
 #include <cstdint>
 #include <memory>
@@ -20,6 +20,12 @@ class TCSimpleTokenizedExpression;
 class TCUnitCollection;
 class TCVariableList;
 class TCWordOperatorList;
+
+// What holds for one evaluation alone; what isn't given is as the evaluator has it.
+struct TCEvaluationOptions {
+    std::optional<int32_t> trigonometryMode = std::nullopt; // 1 degrees, 2 radians
+    std::optional<int64_t> budget = std::nullopt;           // the steps of work that it may take
+};
 
 class TCEvaluator {
 public:
@@ -42,12 +48,14 @@ public:
 
     // The answer of a line within its collection. The line is pushed on `path`, which may not be null: that
     // is logged and gives null. `error` may be null.
-    std::shared_ptr<TCResult> evaluateLine(const TCLine& line, TCIndexPath* path, int64_t* error);
+    std::shared_ptr<TCResult> evaluateLine(const TCLine& line, TCIndexPath* path, int64_t* error,
+                                           const TCEvaluationOptions& options = {});
 
     // Never null. A null expression has the empty result. `context` may be null.
     std::shared_ptr<TCResult> evaluateTokenizedExpression(const TCSimpleTokenizedExpression* expression,
                                                           const TCEnvironment& environment,
-                                                          TCEvaluationContext* context, int64_t* error);
+                                                          TCEvaluationContext* context, int64_t* error,
+                                                          const TCEvaluationOptions& options = {});
 
     const std::shared_ptr<TCUnitCollection>& unitManager() const { return ownUnits; }
     void setUnitManager(std::shared_ptr<TCUnitCollection> units) { ownUnits = std::move(units); }
@@ -56,12 +64,12 @@ public:
     const std::shared_ptr<TCWordOperatorList>& wordOperators() const { return ownWordOperators; }
     void setWordOperators(std::shared_ptr<TCWordOperatorList> words) { ownWordOperators = std::move(words); }
 
-    // 1 degrees, 2 radians.
+    // That of evaluations without a mode of their own: 1 degrees, 2 radians.
     int32_t trigMode() const { return angleMode; }
     void setTrigMode(int32_t mode) { angleMode = mode; }
 
-    // The steps of work that an evaluation may take; none of its own means that of the settings. And those
-    // that the last one took.
+    // The steps of work of evaluations without a budget of their own; none means that of the settings. And
+    // those that the last one took.
     std::optional<int64_t> budget() const { return ownBudget; }
     void setBudget(std::optional<int64_t> steps) { ownBudget = steps; }
     int64_t stepsTaken() const { return lastSteps; }

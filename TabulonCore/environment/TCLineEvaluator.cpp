@@ -29,10 +29,8 @@ int64_t TCLineEvaluator::evaluateLine(TCLine& line, std::optional<int64_t> budge
         line.setResult(TCResult::emptyResult());
         return 0;
     }
-    evaluator->setTrigMode(line.trigonometryMode());
-    evaluator->setBudget(budget);
     TCIndexPath path;
-    line.setResult(evaluator->evaluateLine(line, &path, nullptr));
-    evaluator->setBudget(std::nullopt); // the evaluator is shared
+    line.setResult(evaluator->evaluateLine(line, &path, nullptr,
+                                           {.trigonometryMode = line.trigonometryMode(), .budget = budget}));
     return evaluator->stepsTaken();
 }

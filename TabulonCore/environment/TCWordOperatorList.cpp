@@ -6,6 +6,8 @@
 #include "names/wordoperators/WordOperatorList.h"
 #include "numbers/TBFOperatorType.h"
 
+#include <utility>
+
 namespace {
 
 // What the stored conditions of an operator are.
@@ -82,10 +84,13 @@ static_assert(std::size(table) == 28);
 } // namespace
 
 TCWordOperatorList::TCWordOperatorList()
-    : list(TBF::WordOperatorList::create()) {}
+    : TCWordOperatorList(TBF::WordOperatorList::create()) {}
 
+// Here, once, since nobody may write a list that others read.
 TCWordOperatorList::TCWordOperatorList(TBF::Ref<TBF::WordOperatorList> foundationList)
-    : list(std::move(foundationList)) {}
+    : list(std::move(foundationList)) {
+    if (list) list->setAuxiliaryList(&TBF::WordOperatorList::shared());
+}
 
 TCWordOperatorList::~TCWordOperatorList() = default;
 

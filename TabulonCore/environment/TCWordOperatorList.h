@@ -12,7 +12,7 @@ class TCWordOperator;
 
 class TCWordOperatorList {
 public:
-    // Of a new, empty foundation list, or of the given one.
+    // Of a new, empty foundation list, or of the given one, with the foundation's own list after it.
     TCWordOperatorList();
     explicit TCWordOperatorList(TBF::Ref<TBF::WordOperatorList> list);
     ~TCWordOperatorList();

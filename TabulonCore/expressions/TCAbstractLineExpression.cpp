@@ -2,8 +2,8 @@
 
 #include "expressions/TCExpression.h"
 #include "expressions/TCExpressionSubstituter.h"
-#include "expressions/TCExpressionTokenizer.h"
 #include "expressions/TCLineExpressionParser.h"
+#include "expressions/TCLineReading.h"
 #include "expressions/TCParsedExpression.h"
 #include "expressions/TCSimpleTokenizedExpression.h"
 #include "runtime/ObjectPool.h"
@@ -48,10 +48,9 @@ void TCAbstractLineExpression::parseNow() const {
 std::shared_ptr<TCSimpleTokenizedExpression> TCAbstractLineExpression::tokenizedExpression() const {
     if (!hasTokens || !whole) return nullptr;
     std::shared_ptr<TCSimpleTokenizedExpression>& tokens = madeForms().wholeTokens;
-    if (!tokens) {
-        const TCExpressionTokenizer tokenizer(whole->locale(), TCExpressionSubstituter::defaultSubstituter());
-        tokens = tokenizer.tokenizeExpression(*whole);
-    }
+    if (!tokens)
+        tokens = TCLineReading::tokenize(*whole, whole->locale(),
+                                         TCExpressionSubstituter::defaultSubstituter().get());
     return tokens;
 }
 
@@ -108,8 +107,16 @@ void TCAbstractLineExpression::parseOnDemand(std::shared_ptr<TCLineExpressionPar
     waitsForParser = formMaker != nullptr;
 }
 
-void TCAbstractLineExpression::dropForms() {
+std::shared_ptr<TCEnvironment> TCAbstractLineExpression::names() const {
+    return formMaker ? formMaker->environment() : nullptr;
+}
+
+void TCAbstractLineExpression::dropTokens() {
     if (formMaker || !isParsed()) forms.reset();
+}
+
+void TCAbstractLineExpression::dropForms() {
+    dropTokens();
     if (whole) whole->dropDerivedForms();
     if (evaluable && evaluable != whole) evaluable->dropDerivedForms();
 }

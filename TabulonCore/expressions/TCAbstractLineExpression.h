@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <memory>
 
+class TCEnvironment;
 class TCExpression;
 class TCLineExpressionParser;
 class TCLineVariableDeclaration;
@@ -55,9 +56,14 @@ public:
     void parseOnDemand(std::shared_ptr<TCLineExpressionParser> parser);
     bool isParsed() const;
 
-    // Gives back what can be made again.
+    // The names of that parser; null for none.
+    std::shared_ptr<TCEnvironment> names() const;
+
+    // Gives back what can be made again; the second leaves the substituted texts, which are needed again
+    // before the line is evaluated.
     bool hasForms() const { return forms != nullptr; }
     void dropForms();
+    void dropTokens();
 
     // Has `parser` do what it does with a line of this kind.
     virtual void process(TCLineExpressionParser& parser);

@@ -98,7 +98,7 @@ public:
 
 private:
     // The typed text after the default substituter; a result of its present patterns is used again.
-    friend class TCExpressionTokenizer;
+    friend class TCLineReading;
     bool isSubstitutedByDefault() const;
     void dropSubstitution();
 

@@ -1,6 +1,7 @@
 #include "expressions/TCExpressionSubstituter.h"
 
 #include "RegexKitLite.h"
+#include "expressions/TCReadingShortcuts.h"
 #include "expressions/TCRegexClues.h"
 #include "runtime/TBFLog.h"
 #include "runtime/Unicode.h"
@@ -254,7 +255,7 @@ public:
         : text(text_)
         , clues(clues_)
         , longest(text_.size() * growthFactor + growthAllowance)
-        , present(clues_.presentIn(text_)) {}
+        , present(cluesInText()) {}
 
     TCExpressionClues::Set presentClues() const { return present; }
     bool isTooLong() const { return text.size() > longest; }
@@ -277,7 +278,7 @@ public:
             if (count == 0) bound = std::max(bound, 2 * replaced);
             count += replaced;
             record(mapping, walk.made);
-            present = clues.presentIn(text);
+            present = cluesInText();
         } while (count < bound && !isTooLong() && entry.canMatch(present));
     }
 
@@ -303,6 +304,10 @@ public:
     std::shared_ptr<const TCExpressionMappings> mappings() const { return made; }
 
 private:
+    TCExpressionClues::Set cluesInText() const {
+        return TCReadingShortcuts::areEnabled() ? clues.presentIn(text) : ~TCExpressionClues::Set{0};
+    }
+
     // The delimiters at both ends of a match stand for themselves.
     void record(const RegexMapping& mapping, std::span<const RKLReplacement> matches) {
         replacements.clear();

@@ -85,7 +85,7 @@ TCPlainLineReferences(const TCSimpleTokenizedExpression& expression, const TCVar
         const TBF::ExpressionToken& token = *tokens[index];
         switch (token.type()) {
         case TBFTokenTypeBracket:
-            // Behind a bracket that closes nothing there is nothing left of the line.
+            // After a bracket that closes nothing there is nothing left of the line.
             depth += token.subType() == TBFTokenSubTypeOpenBracket ? 1 : -1;
             if (depth < 0) return std::nullopt;
             break;

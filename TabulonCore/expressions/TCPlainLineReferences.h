@@ -1,8 +1,8 @@
 #pragma once
 
 // Line references that are read off a line's tokens before any word is looked up. A document asks every line
-// for its references, and the analysis that the display tokens need is dear. Nearly all references are plain:
-// "(name(digits))", as editors write and phrases give them. Used on the document's thread.
+// for its references, and the analysis that the display tokens need is costly. Nearly all references are
+// plain: "(name(digits))", as editors write and phrases give them. Used on the document's thread.
 
 #include "expressions/TCLineReferenceType.h"
 

@@ -1,18 +1,12 @@
 #include "expressions/TCTokenizedExpression.h"
 
-#include "analysis/ContextualAnalyzer.h"
 #include "analysis/ExpressionTokenizer.h"
+#include "analysis/TokenizedExpression.h"
+#include "environment/TCEnvironment.h"
 #include "environment/TCEvaluator.h"
-#include "environment/TCFunctionList.h"
-#include "environment/TCWordOperatorList.h"
 #include "expressions/TCExpression.h"
-#include "expressions/TCExpressionTokenBuilder.h"
+#include "expressions/TCLineReading.h"
 #include "names/Namespace.h"
-#include "names/functions/FunctionList.h"
-#include "names/variables/VariableList.h"
-#include "names/wordoperators/WordOperatorList.h"
-#include "units/TCUnitCollection.h"
-#include "units/UnitCollection.h"
 #include "variables/TCVariableList.h"
 
 #include <utility>
@@ -67,26 +61,21 @@ void TCTokenizedExpression::tokenize() {
         tokenArray.emplace();
         return;
     }
-    const auto names = TBF::Namespace::create();
-    if (wordOperators) {
-        wordOperators->tbfWordOperatorList()->setAuxiliaryList(&TBF::WordOperatorList::shared());
-        names->setWordOperatorList(TBF::retain(wordOperators->tbfWordOperatorList()));
-    }
-    if (const auto& functions = TCEvaluator::builtInFunctions())
-        names->setFunctionList(TBF::retain(functions->tbfFunctionList()));
-    if (unitManager) names->setUnitCollection(TBF::retain(unitManager->tbfUnitCollection()));
-    if (variableList) names->setVariableList(TBF::retain(variableList->tbfVariableList()));
+    const auto environment = TCEnvironment::make();
+    environment->setWordOperators(wordOperators);
+    environment->setFunctions(TCEvaluator::builtInFunctions());
+    environment->setUnitManager(unitManager);
+    environment->setVariables(variableList);
 
     const auto tokenizer =
         TBF::ExpressionTokenizer::create(TCTBFLocaleFromTCSimpleLocale(expression->locale()));
     tokenizer->setEnableComments(parsesComments);
-    const auto analyzer = TBF::ContextualAnalyzer::create();
-    analyzer->setNamespace(names);
-    expressionTokens = analyzer->analyzeForReading(*tokenizer->tokenize(expression->tbfExpression()), 0);
+    expressionTokens =
+        TCLineReading::analyze(*tokenizer->tokenize(expression->tbfExpression()), environment->names(), 0);
     tokenArray = parseTBFExpressionTokens(*expression);
     if (variableList) variableListStateIndicator = variableList->stateIndicator();
 }
 
 TCExpressionTokens TCTokenizedExpression::parseTBFExpressionTokens(const TCExpression& expression) const {
-    return TCExpressionTokenBuilder(expressionTokens, expression.expressionMappings().get(), source).build();
+    return TCLineReading::show(expressionTokens, expression);
 }

@@ -2,18 +2,12 @@
 
 #include "environment/TCLineEvaluator.h"
 #include "expressions/TCExpression.h"
-#include "expressions/TCExpressionParser.h"
-#include "expressions/TCExpressionSubstituter.h"
-#include "expressions/TCExpressionToken.h"
-#include "expressions/TCExpressionTokenizer.h"
+#include "expressions/TCLineReading.h"
 #include "expressions/TCLineReferenceType.h"
 #include "expressions/TCLineVariableDeclaration.h"
-#include "expressions/TCNormalLineExpression.h"
 #include "expressions/TCParsedExpression.h"
-#include "expressions/TCPlainLineReferences.h"
 #include "expressions/TCPlainTextLineExpression.h"
 #include "expressions/TCSimpleTokenizedExpression.h"
-#include "expressions/TCVarDeclLineExpression.h"
 #include "lines/TCLineCollection.h"
 #include "lines/TCLineRecalculation.h"
 #include "results/TCResult.h"
@@ -30,9 +24,6 @@ constexpr int32_t absoluteReferenceTypes =
     TCLineReferenceTypeAbsolute | TCLineReferenceTypeAbsoluteByLineNumber;
 constexpr int32_t relativeReferenceTypes = TCLineReferenceTypeRelative | TCLineReferenceTypeFixedRelative;
 
-// Every line reference is a call of a function whose name begins so.
-constexpr std::u16string_view referenceFunctionPrefix = u"___";
-
 // The second of the first line's making in the upper bits, a count of lines in the lower ones. The sum, where
 // the bits would overlap, keeps identifiers apart beyond 32,768 lines.
 uint32_t nextIdentifierNumber() {
@@ -48,34 +39,8 @@ std::u16string decimalText(uint32_t number) {
     return std::u16string(digits.begin(), digits.end());
 }
 
-std::u16string_view trimmed(std::u16string_view text) {
-    constexpr std::u16string_view whiteSpace =
-        u" \t\n\v\f\r\u0085\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005\u2006\u2007"
-        u"\u2008\u2009\u200A\u202F\u205F\u3000";
-    const std::size_t first = text.find_first_not_of(whiteSpace);
-    if (first == std::u16string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(whiteSpace) + 1 - first);
-}
-
-// The part of the range that lies inside of the text.
-std::u16string_view part(std::u16string_view text, TCRange range) {
-    const auto start = static_cast<std::size_t>(range.location);
-    return start <= text.size() ? text.substr(start, static_cast<std::size_t>(range.length))
-                                : std::u16string_view();
-}
-
-// Asking for the tokens of a line is dear, so lines of nothing but numbers and operators are not asked.
-bool mayNameVariable(std::u16string_view text) {
-    return text.find_first_not_of(u"0123456789 \t.,+-*/()^%=") != std::u16string_view::npos;
-}
-
 std::shared_ptr<TCExpression> expressionWithText(std::optional<std::u16string> text) {
     return text ? TBF::makeShared<TCExpression>(std::move(text)) : nullptr;
-}
-
-// A line without an equals sign is an ordinary one, which is seen without its tokens.
-bool mayDeclare(const TCExpression& expression) {
-    return expression.stringForEvaluation().find(u'=') != std::u16string::npos;
 }
 
 // What lines start with; never changed.
@@ -95,21 +60,6 @@ std::shared_ptr<TCResultFormattingOptions> sharedOptions(const TCResultFormattin
         last = shared;
     }
     return shared;
-}
-
-// The tokens are not handed on: they are made again for the lines that are shown.
-std::shared_ptr<TCAbstractLineExpression>
-declarationExpression(const std::shared_ptr<TCExpression>& expression,
-                      const TCVariableDeclarationRecord& record) {
-    const std::u16string_view text = *expression->originalString();
-    std::shared_ptr<TCExpression> value;
-    if (record.valueRange.length > 0)
-        value = TBF::makeShared<TCExpression>(std::u16string(part(text, record.valueRange)),
-                                              expression->locale());
-    auto declaration = TBF::makeShared<TCLineVariableDeclaration>(
-        record.equalsTokenIndex, record.nameRange, std::u16string(trimmed(part(text, record.nameRange))),
-        std::move(value));
-    return TBF::makeShared<TCVarDeclLineExpression>(expression, nullptr, std::move(declaration));
 }
 
 } // namespace
@@ -220,24 +170,7 @@ void TCLine::expressionDidChange() {
 
 std::shared_ptr<TCAbstractLineExpression>
 TCLine::lineTypeForExpression(const std::shared_ptr<TCExpression>& expression) {
-    if (!expression || !expression->originalString() || expression->isTooLong())
-        return TBF::makeShared<TCPlainTextLineExpression>(expression, nullptr);
-    if (!mayDeclare(*expression)) return TBF::makeShared<TCNormalLineExpression>(expression, nullptr);
-    const TCExpressionTokenizer tokenizer(expression->locale(),
-                                          TCExpressionSubstituter::defaultSubstituter());
-    const std::shared_ptr<TCSimpleTokenizedExpression> tokens = tokenizer.tokenizeExpression(*expression);
-    TCVariableDeclarationRecord record;
-    switch (TCExpressionParser::expressionTypeOfTokenizedExpression(*tokens, &record)) {
-    case TCLineTypeNormal:
-        return TBF::makeShared<TCNormalLineExpression>(expression, tokens);
-    case TCLineTypeVariableDeclaration:
-        expression->dropDerivedForms();
-        return declarationExpression(expression, record);
-    case TCLineTypePlainText:
-        return TBF::makeShared<TCPlainTextLineExpression>(expression, tokens);
-    default:
-        return nullptr;
-    }
+    return TCLineReading::classify(expression);
 }
 
 std::shared_ptr<TCResult> TCLine::result() {
@@ -352,58 +285,31 @@ int32_t TCLine::lineType() const {
     return type >= TCLineTypeNormal && type <= TCLineTypePlainText ? type : TCLineTypeNone;
 }
 
-// The display tokens that tell of references are made on demand and are dear, so a text is asked for them
-// only if it holds a reference, and one that can't be read in a simpler way.
 const std::optional<TCLine::References>& TCLine::lineReferences() const {
     static const std::optional<References> none;
     if (isKeptAsNothing()) return none;
     if (referencesKnown || !isParsed()) return uses ? uses->references : none;
     referencesKnown = true;
     if (uses) uses->references.reset();
-    const std::shared_ptr<TCExpression>& evaluable = evaluableExpression();
-    if (!evaluable || evaluable->stringForEvaluation().find(referenceFunctionPrefix) == std::u16string::npos)
-        return none;
-    if (!readPlainReferences()) readReferencesOfTokens();
-    return uses ? uses->references : none;
+    if (!analysedForm) return none;
+    const std::vector<TCLineReading::Reference> found = TCLineReading(analysedForm).references();
+    if (found.empty()) return none;
+    std::vector<int64_t> absoluteIndexes;
+    std::vector<int64_t> relativeOffsets;
+    References& references = madeUses().references.emplace();
+    for (const auto& [type, number, place] : found) {
+        references.all.push_back({type, number});
+        if (type & absoluteReferenceTypes) absoluteIndexes.push_back(place);
+        if (type & relativeReferenceTypes) relativeOffsets.push_back(place);
+    }
+    references.absoluteIndexes = TCIndexSet::indexSetWithIndexes(absoluteIndexes);
+    references.relativeOffsets = TCIndexSet::indexSetWithIndexes(relativeOffsets);
+    return uses->references;
 }
 
 TCLine::Uses& TCLine::madeUses() const {
     if (!uses) uses = std::make_unique<Uses>();
     return *uses;
-}
-
-bool TCLine::readPlainReferences() const {
-    const TCLineCollection* const collection = _lineCollection();
-    const auto tokens = tokenizedEvaluableExpression();
-    if (!tokens || !collection) return false;
-    const auto found = TCPlainLineReferences(*tokens, collection->variables().get());
-    if (!found) return false;
-    if (found->empty()) return true;
-    std::vector<int64_t> absoluteIndexes;
-    std::vector<int64_t> relativeOffsets;
-    References& references = madeUses().references.emplace();
-    for (const auto& [type, number] : *found) {
-        references.all.push_back({type, number});
-        if (type & absoluteReferenceTypes)
-            absoluteIndexes.push_back(type == TCLineReferenceTypeAbsoluteByLineNumber ? number - 1 : number);
-        if (type & relativeReferenceTypes) relativeOffsets.push_back(number);
-    }
-    references.absoluteIndexes = TCIndexSet::indexSetWithIndexes(absoluteIndexes);
-    references.relativeOffsets = TCIndexSet::indexSetWithIndexes(relativeOffsets);
-    return true;
-}
-
-void TCLine::readReferencesOfTokens() const {
-    std::optional<std::vector<int64_t>> numbers;
-    TCExpressionParser::findLineReferencesInLine(*this, absoluteReferenceTypes, &numbers, nullptr, false);
-    if (!numbers) return;
-    References& references = madeUses().references.emplace();
-    references.absoluteIndexes = TCIndexSet::indexSetWithIndexes(*numbers);
-    TCExpressionParser::findLineReferencesInLine(*this, relativeReferenceTypes, &numbers, nullptr, false);
-    if (numbers) references.relativeOffsets = TCIndexSet::indexSetWithIndexes(*numbers);
-    const auto tokens = parsedExpression()->tokensOfType(TCExpressionTokenTypeLineReference);
-    for (const auto& token : tokens.value_or(TCExpressionTokens()))
-        references.all.push_back({token->lineReferenceType(), token->lineReferenceNumber()});
 }
 
 std::span<const TCLine::Reference> TCLine::referencesToLines() const {
@@ -420,12 +326,13 @@ const std::vector<std::u16string>& TCLine::usedVariableNames() const {
     if (!evaluable) return none;
     variableNamesKnown = true;
     if (uses) uses->variableNames.clear();
-    if (!mayNameVariable(evaluable->stringForEvaluation())) return none;
-    const auto parsed = evaluableParsedExpression();
-    const bool keepsTokens = parsed->hasTokens();
-    const auto names = parsed->variableReferences();
-    if (!keepsTokens) parsed->dropTokens();
-    if (names.empty()) return none;
+    const bool hadForms = analysedForm->hasForms();
+    const auto names = TCLineReading(analysedForm).usedNames();
+    if (names.empty()) {
+        // An ordinary line that uses nothing isn't looked at again until it is evaluated, long after.
+        if (!hadForms && lineType() == TCLineTypeNormal) analysedForm->dropTokens();
+        return none;
+    }
     return madeUses().variableNames = std::vector<std::u16string>(names.begin(), names.end());
 }
 

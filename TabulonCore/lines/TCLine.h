@@ -210,8 +210,6 @@ private:
         std::vector<Reference> all;
     };
     const std::optional<References>& lineReferences() const;
-    bool readPlainReferences() const; // false if it takes the display tokens
-    void readReferencesOfTokens() const;
     void forgetReferences();
     bool usesLocale(TCSimpleLocale locale) const;
 

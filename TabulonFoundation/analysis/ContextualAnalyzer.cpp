@@ -26,43 +26,41 @@ namespace {
 
 constexpr int32_t scopeOfLastValue = 2147483647;
 
-// Every pass relies on what those above it have done.
+// Every pass relies on what those above it have done. The names are for those who look on from outside: no two
+// are the same, and they stay.
 constexpr ContextualAnalyzer::Pass passTable[] = {
     {"build the tree", pass_build_tree, LineTraitAny},
 
     // Numbers are whole before anything is asked of them.
-    {"pass_join_spaced_numbers", pass_join_spaced_numbers, LineTraitSeveralNumbers},
-    {"pass_group_brackets", pass_group_brackets, LineTraitBrackets},
+    {"join spaced numbers", pass_join_spaced_numbers, LineTraitSeveralNumbers},
+    {"group brackets", pass_group_brackets, LineTraitBrackets},
 
     // The language's own words come before all names, and a name being declared is none yet.
-    {"pre_pass_5a_recognize_important_word_types_crawler", pre_pass_5a_recognize_important_word_types_crawler,
-     LineTraitWords},
-    {"pass_freeze_declared_words", pass_freeze_declared_words, LineTraitEquals},
-    {"pass_recognize_words_crawler", pass_recognize_words_with_operators, LineTraitWords},
+    {"recognize special words", pre_pass_5a_recognize_important_word_types_crawler, LineTraitWords},
+    {"freeze declared words", pass_freeze_declared_words, LineTraitEquals},
+    {"recognize words", pass_recognize_words_with_operators, LineTraitWords},
 
     // With the names known, what is left is prose: its numbers don't count, its hyphens don't subtract.
-    {"pass_demote_orphan_numbers_crawler", pass_demote_orphan_numbers_crawler,
-     LineTraitSeveralNumbers | LineTraitWords},
-    {"pass_join_compound_words_crawler", pass_join_compound_words_crawler, LineTraitWords},
+    {"demote orphan numbers", pass_demote_orphan_numbers_crawler, LineTraitSeveralNumbers | LineTraitWords},
+    {"join compound words", pass_join_compound_words_crawler, LineTraitWords},
 
     // Words that weren't joined have been looked up before, with the same outcome.
-    {"pass_recognize_words_crawler", pass_recognize_words_without_operators, LineTraitJoinedWords},
+    {"recognize joined words", pass_recognize_words_without_operators, LineTraitJoinedWords},
 
     // Operators look at the units beside them, so units have their roles by then.
-    {"pass_assign_unit_roles_crawler", pass_assign_unit_roles_crawler, LineTraitUnits},
-    {"pass_check_operator_arguments_crawler", pass_check_operator_arguments_crawler,
-     LineTraitCheckedOperators},
-    {"pass_check_factorials_crawler", pass_check_factorials_crawler, LineTraitFactorials},
-    {"pass_promote_high_priority_operators", pass_promote_high_priority_operators,
+    {"assign unit roles", pass_assign_unit_roles_crawler, LineTraitUnits},
+    {"check operator arguments", pass_check_operator_arguments_crawler, LineTraitCheckedOperators},
+    {"check factorials", pass_check_factorials_crawler, LineTraitFactorials},
+    {"promote high-priority operators", pass_promote_high_priority_operators,
      LineTraitUnits | LineTraitConversions | LineTraitMarkedSigns},
 
     // Operators that turned out to be words are prose too.
-    {"pass_assign_unit_roles_crawler", pass_assign_unit_roles_crawler, LineTraitUnits},
-    {"pass_demote_orphan_numbers_crawler", pass_demote_orphan_numbers_crawler,
+    {"assign unit roles again", pass_assign_unit_roles_crawler, LineTraitUnits},
+    {"demote orphan numbers again", pass_demote_orphan_numbers_crawler,
      LineTraitSeveralNumbers | LineTraitWords},
-    {"pass_join_compound_words_crawler", pass_join_compound_words_crawler, LineTraitWords},
-    {"pass_join_adjacent_words_crawler", pass_join_adjacent_words_crawler, LineTraitWords},
-    {"pass_flatten", pass_flatten, LineTraitAny},
+    {"join compound words again", pass_join_compound_words_crawler, LineTraitWords},
+    {"join adjacent words", pass_join_adjacent_words_crawler, LineTraitWords},
+    {"flatten", pass_flatten, LineTraitAny},
 };
 static_assert(std::size(passTable) == 18);
 
@@ -86,21 +84,26 @@ std::span<const ContextualAnalyzer::Pass> ContextualAnalyzer::passes() {
 
 ExpressionTokenList ContextualAnalyzer::analyze(const TokenizedExpression& expression,
                                                 int32_t lineIndex) const {
-    return run(expression, lineIndex, Sharing::None);
+    return run(expression, lineIndex, Sharing::None, nullptr);
+}
+
+ExpressionTokenList ContextualAnalyzer::analyze(const TokenizedExpression& expression, int32_t lineIndex,
+                                                const PassObserver& observer) const {
+    return run(expression, lineIndex, Sharing::None, observer ? &observer : nullptr);
 }
 
 ExpressionTokenList ContextualAnalyzer::analyzeForReading(const TokenizedExpression& expression,
-                                                          int32_t lineIndex) const {
+                                                          int32_t lineIndex, bool takesShortcuts) const {
     const Settings& settings = Settings::current();
     ExpressionTokenList plain;
-    if (settings.usesNewEvaluatorImpl() &&
+    if (takesShortcuts && settings.usesNewEvaluatorImpl() &&
         analyzePlainCalculation(expression.tokens(), names.get(), scopeOf(lineIndex, settings), plain))
         return plain;
-    return run(expression, lineIndex, Sharing::UnchangedTokens);
+    return run(expression, lineIndex, Sharing::UnchangedTokens, nullptr);
 }
 
 ExpressionTokenList ContextualAnalyzer::run(const TokenizedExpression& expression, int32_t lineIndex,
-                                            Sharing sharing) const {
+                                            Sharing sharing, const PassObserver* observer) const {
     const Settings& settings = Settings::current();
     PassContext context{.input = expression.tokens()};
     context.names = names.get();
@@ -108,7 +111,9 @@ ExpressionTokenList ContextualAnalyzer::run(const TokenizedExpression& expressio
     context.usesMatcher = settings.usesNewEvaluatorImpl();
     context.sharesTokens = sharing == Sharing::UnchangedTokens;
     for (const Pass& pass : passTable) {
-        if (pass.traits == LineTraitAny || context.has(pass.traits)) pass.run(context);
+        if (pass.traits != LineTraitAny && !context.has(pass.traits)) continue;
+        pass.run(context);
+        if (observer) (*observer)(pass, context.tree ? flattened(context) : context.output);
     }
     return std::move(context.output);
 }

@@ -10,6 +10,7 @@
 #include "names/Namespace.h"
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -29,8 +30,9 @@ public:
     ExpressionTokenList analyze(const TokenizedExpression& expression, int32_t lineIndex) const;
 
     // The same for a caller that only reads the tokens: the given ones stand in the list themselves where
-    // they mean what they meant.
-    ExpressionTokenList analyzeForReading(const TokenizedExpression& expression, int32_t lineIndex) const;
+    // they mean what they meant. Without shortcuts all passes run over calculations too, to the same outcome.
+    ExpressionTokenList analyzeForReading(const TokenizedExpression& expression, int32_t lineIndex,
+                                          bool takesShortcuts = true) const;
 
     // One step of the analysis.
     struct Pass {
@@ -39,8 +41,14 @@ public:
         uint32_t traits; // the pass can change nothing in a line that has none of these
     };
 
-    // All steps, in the order in which they run.
+    // All steps, in the order in which they run. Each has a name of its own.
     static std::span<const Pass> passes();
+
+    // The same for a caller that looks on: after each pass that ran it gets the tokens as that left them. The
+    // list is its own, the tokens are new. The tokens of the last pass are those of the outcome.
+    using PassObserver = std::function<void(const Pass& pass, const ExpressionTokenList& tokens)>;
+    ExpressionTokenList analyze(const TokenizedExpression& expression, int32_t lineIndex,
+                                const PassObserver& observer) const;
 
 private:
     friend class Object<ContextualAnalyzer>;
@@ -50,7 +58,8 @@ private:
     ContextualAnalyzer() = default;
     ~ContextualAnalyzer() override = default;
 
-    ExpressionTokenList run(const TokenizedExpression& expression, int32_t lineIndex, Sharing sharing) const;
+    ExpressionTokenList run(const TokenizedExpression& expression, int32_t lineIndex, Sharing sharing,
+                            const PassObserver* observer) const;
 
     Ref<Namespace> names;
 };

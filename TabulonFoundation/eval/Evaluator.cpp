@@ -101,14 +101,9 @@ void Evaluator::setUnitCollection(UnitCollection* collection) {
 }
 
 Ref<Result> Evaluator::evaluate(const String& text, int32_t scope) {
-    const auto names = Namespace::create();
-    names->setFunctionList(retain(functions));
-    names->setVariableList(retain(variables));
-    names->setUnitCollection(units);
-    names->setWordOperatorList(retain(wordOperators));
     const auto analyzer = ContextualAnalyzer::create();
-    analyzer->setNamespace(names);
-
+    analyzer->setNamespace(
+        Namespace::create(retain(functions), retain(variables), retain(wordOperators), units));
     const auto expression = Expression::create(text.view());
     const auto tokenized = ExpressionTokenizer::create(kTBFLocaleDefault)->tokenize(expression.get());
     if (!tokenized) return nullptr;

@@ -104,6 +104,16 @@ Ref<Namespace> Namespace::create() {
     return make<Namespace>();
 }
 
+Ref<Namespace> Namespace::create(Ref<FunctionList> functions, Ref<VariableList> variables,
+                                 Ref<WordOperatorList> wordOperators, Ref<UnitCollection> units) {
+    Ref<Namespace> names = create();
+    names->setFunctionList(std::move(functions));
+    names->setVariableList(std::move(variables));
+    names->setWordOperatorList(std::move(wordOperators));
+    names->setUnitCollection(std::move(units));
+    return names;
+}
+
 void Namespace::setFunctionList(Ref<FunctionList> list) {
     functions = std::move(list);
 }

@@ -3,7 +3,7 @@
 // Says what a word is. It bundles the four lists that can give a word a meaning, and decides between them
 // where several claim the same word: the exact spelling of a variable, a unit or a function wins, in this
 // order; then a variable or a function in another case, but not if there are both; then a word operator; then
-// a unit in another case. Built for one analysis on one thread; its lists are shared and only read.
+// a unit in another case. Only read once it is filled, as its lists are; may then be shared by analyses.
 
 #include "names/WordMeaning.h"
 #include "runtime/Object.h"
@@ -32,6 +32,8 @@ class WordOperatorList;
 class Namespace final : public Object<Namespace> {
 public:
     static Ref<Namespace> create();
+    static Ref<Namespace> create(Ref<FunctionList> functions, Ref<VariableList> variables,
+                                 Ref<WordOperatorList> wordOperators, Ref<UnitCollection> units);
 
     // Null for a list that isn't there.
     void setFunctionList(Ref<FunctionList> list);

@@ -12,24 +12,22 @@
 #include "units/UnitCollection.h"
 
 #include <utility>
-#include <vector>
 
 namespace TBF {
 
 Ref<ExpressionParser> ExpressionParser::create(Ref<FunctionList> functions, Ref<VariableList> variables,
                                                Ref<WordOperatorList> wordOperators,
                                                Ref<UnitCollection> units) {
-    return make<ExpressionParser>(std::move(functions), std::move(variables), std::move(wordOperators),
-                                  std::move(units));
+    return create(Namespace::create(std::move(functions), std::move(variables), std::move(wordOperators),
+                                    std::move(units)));
 }
 
-ExpressionParser::ExpressionParser(Ref<FunctionList> functionList, Ref<VariableList> variableList,
-                                   Ref<WordOperatorList> wordOperatorList,
-                                   Ref<UnitCollection> unitCollection) noexcept
-    : functions(std::move(functionList))
-    , variables(std::move(variableList))
-    , wordOperators(std::move(wordOperatorList))
-    , units(std::move(unitCollection)) {}
+Ref<ExpressionParser> ExpressionParser::create(Ref<Namespace> names) {
+    return make<ExpressionParser>(std::move(names));
+}
+
+ExpressionParser::ExpressionParser(Ref<Namespace> names) noexcept
+    : space(std::move(names)) {}
 
 ExpressionParser::~ExpressionParser() = default;
 
@@ -41,17 +39,14 @@ Ref<ParsedExpression> ExpressionParser::parse(Expression* expression) const {
 
 Ref<ParsedExpression> ExpressionParser::parse(const TokenizedExpression& tokenizedExpression,
                                               int32_t lineIndex) const {
-    const Ref<Namespace> names = Namespace::create();
-    names->setFunctionList(functions);
-    names->setVariableList(variables);
-    names->setWordOperatorList(wordOperators);
-    names->setUnitCollection(units);
-
     const Ref<ContextualAnalyzer> analyzer = ContextualAnalyzer::create();
-    analyzer->setNamespace(names);
-    ExpressionTokenList tokens = analyzer->analyzeForReading(tokenizedExpression, lineIndex);
-    ParseResult result = parseExpressionTokens(tokens);
-    return ParsedExpression::create(std::move(tokens), std::move(result.tree));
+    analyzer->setNamespace(space);
+    return parse(analyzer->analyzeForReading(tokenizedExpression, lineIndex));
+}
+
+Ref<ParsedExpression> ExpressionParser::parse(ExpressionTokenList analyzedTokens) {
+    ParseResult result = parseExpressionTokens(analyzedTokens);
+    return ParsedExpression::create(std::move(analyzedTokens), std::move(result.tree));
 }
 
 } // namespace TBF

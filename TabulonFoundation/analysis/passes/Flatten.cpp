@@ -32,12 +32,13 @@ Ref<ExpressionToken> tokenOf(EPExpressionTreeNode& node, bool sharesTokens) {
 
 } // namespace
 
-void pass_flatten(PassContext& context) {
+ExpressionTokenList flattened(const PassContext& context) {
     struct Position {
         const EPExpressionTreeNode* group;
         std::size_t next;
     };
-    context.output.reserve(context.root().children().size());
+    ExpressionTokenList output;
+    output.reserve(context.root().children().size());
     PooledVector<Position> path{{&context.root(), 0}};
     while (!path.empty()) {
         Position& here = path.back();
@@ -49,9 +50,14 @@ void pass_flatten(PassContext& context) {
         if (node.is(TBFTokenTypeGroup)) {
             path.push_back({&node, 0});
         } else if (Ref<ExpressionToken> token = tokenOf(node, context.sharesTokens)) {
-            context.output.push_back(std::move(token));
+            output.push_back(std::move(token));
         }
     }
+    return output;
+}
+
+void pass_flatten(PassContext& context) {
+    context.output = flattened(context);
     context.tree.reset();
 }
 

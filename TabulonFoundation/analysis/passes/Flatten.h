@@ -10,4 +10,7 @@ namespace TBF {
 
 void pass_flatten(PassContext& context);
 
+// What the pass would give of the tree as it is now, which stays.
+ExpressionTokenList flattened(const PassContext& context);
+
 } // namespace TBF

@@ -1,10 +1,19 @@
 #include "environment/TCEnvironment.h"
 
+#include "environment/TCBuiltins.h"
+#include "environment/TCFunctionList.h"
 #include "environment/TCSettings.h"
 #include "environment/TCTrigonometryMode.h"
+#include "environment/TCWordOperatorList.h"
+#include "names/Namespace.h"
 #include "runtime/Settings.h"
+#include "variables/TCVariableList.h"
 
 #include <gtest/gtest.h>
+
+#include <memory>
+#include <span>
+#include <string_view>
 
 namespace {
 
@@ -27,6 +36,29 @@ TEST(TCEnvironment, TheLastOneSetIsCurrent) {
     second->set();
     EXPECT_EQ(TCEnvironment::current(), second);
     if (before) before->set();
+}
+
+TEST(TCEnvironment, ItsNamesAreThoseOfItsLists) {
+    const auto meaning = [](const TCEnvironment& environment, std::u16string_view word) {
+        TBF::WordMeaning found;
+        return environment.names()->lookUp(std::span(&word, 1), 0, found);
+    };
+    const auto environment = TCEnvironment::make();
+    EXPECT_EQ(meaning(*environment, u"sqrt"), TBFNamespaceTypeNone);
+    environment->setFunctions(TCBuiltins::functions());
+    environment->setWordOperators(TCBuiltins::wordOperators());
+    const auto variables = std::make_shared<TCVariableList>();
+    environment->setVariables(variables);
+    variables->addVariableWithName(u"rent", u"900"); // later than the names were made
+    EXPECT_EQ(meaning(*environment, u"sqrt"), TBFNamespaceTypeFunction);
+    EXPECT_EQ(meaning(*environment, u"per"), TBFNamespaceTypeWordOperator);
+    EXPECT_EQ(meaning(*environment, u"rent"), TBFNamespaceTypeVariable);
+    environment->setIsSet(true);
+    environment->setVariables(nullptr);
+    EXPECT_EQ(meaning(*environment, u"rent"), TBFNamespaceTypeVariable) << "a sealed one";
+    environment->setIsSet(false);
+    environment->setVariables(nullptr);
+    EXPECT_EQ(meaning(*environment, u"rent"), TBFNamespaceTypeNone);
 }
 
 TEST(TCSettings, AreSetOnce) {

@@ -5,7 +5,9 @@
 #include "environment/TCSettings.h"
 #include "expressions/TCAbstractLineExpression.h"
 #include "expressions/TCExpression.h"
+#include "expressions/TCExpressionTokenizer.h"
 #include "expressions/TCLineExpressionParser.h"
+#include "expressions/TCSimpleTokenizedExpression.h"
 #include "lines/TCIndexPath.h"
 #include "lines/TCLine.h"
 #include "results/TCResult.h"
@@ -67,6 +69,19 @@ TEST_F(TCEvaluatorTest, StringsGiveTheirCompleteValue) {
 TEST_F(TCEvaluatorTest, AnglesFollowTheMode) {
     evaluator.setTrigMode(1);
     EXPECT_EQ(evaluator.evaluateString(u"sin(180)"), u"0");
+}
+
+TEST_F(TCEvaluatorTest, AModeGivenWithAnEvaluationEndsWithIt) {
+    const auto environment = TCEnvironment::make();
+    environment->setFunctions(TCEvaluator::builtInFunctions());
+    const TCExpression expression(u"sin(180)");
+    const auto tokens = TCExpressionTokenizer(kTCSimpleLocalDefault, nullptr).tokenizeExpression(expression);
+    const auto inDegrees = evaluator.evaluateTokenizedExpression(tokens.get(), *environment, nullptr, nullptr,
+                                                                 {.trigonometryMode = 1});
+    EXPECT_EQ(inDegrees->completeStringValue(), u"0");
+    const auto result = evaluator.evaluateTokenizedExpression(tokens.get(), *environment, nullptr, nullptr);
+    EXPECT_NE(result->completeStringValue(), u"0");
+    EXPECT_EQ(evaluator.trigMode(), 2);
 }
 
 TEST_F(TCEvaluatorTest, ALineNeedsAPath) {

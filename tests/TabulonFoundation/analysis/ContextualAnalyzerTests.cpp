@@ -9,7 +9,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 #include <random>
+#include <set>
+#include <string>
+#include <string_view>
 
 namespace TBFTests {
 
@@ -132,6 +136,40 @@ TEST(ContextualAnalyzer, tokensForReadingAreWhatTheStepsMakeOfThem) {
             given += std::count(tokens.begin(), tokens.end(), token);
     }
     EXPECT_GT(given, 1000);
+}
+
+TEST(ContextualAnalyzer, everyPassHasAPlainNameOfItsOwn) {
+    std::set<std::string_view> names;
+    for (const auto& pass : TBF::ContextualAnalyzer::passes()) {
+        const std::string_view name = pass.name;
+        EXPECT_TRUE(names.insert(name).second) << name;
+        EXPECT_EQ(name.find_first_not_of("abcdefghijklmnopqrstuvwxyz -"), std::string_view::npos) << name;
+    }
+}
+
+TEST(ContextualAnalyzer, anObserverSeesWhatEachPassLeft) {
+    const std::string line = "Flat 2 (3 000 km) sin";
+    const auto analyzer = TBF::ContextualAnalyzer::create();
+    analyzer->setNamespace(vocabulary());
+    const auto expression = TBF::TokenizedExpression::create(tokensOf(line));
+    std::map<std::string, std::string> seen;
+    std::string last;
+    const auto outcome =
+        analyzer->analyze(*expression, 0, [&](const auto& pass, const TBF::ExpressionTokenList& tokens) {
+            seen[pass.name] = last = dump(tokens);
+        });
+    EXPECT_EQ(dump(outcome), analyzed(line));
+    EXPECT_EQ(last, analyzed(line));
+    const AnalysisRow rows[] = {
+        {"build the tree", "Word(Flat) Num(2) Br(() Num(3) Num(000) Word(km) Br()) Word(sin)"},
+        {"join spaced numbers", "Word(Flat) Num(2) Br(() Num(3 000) Word(km) Br()) Word(sin)"},
+        {"group brackets", "Word(Flat) Num(2) Br(() Num(3 000) Word(km) Br()) Word(sin)"},
+        {"recognize words", "Word(Flat) Num(2) Br(() Num(3 000) Unit(km) Br()) Fn(sin)"},
+        {"assign unit roles", "Word(Flat) Num(2) Br(() Num(3 000) Post(km) Br()) Fn(sin)"},
+    };
+    for (const AnalysisRow& row : rows)
+        EXPECT_EQ(seen[std::string(row.line)], row.tokens) << row.line;
+    EXPECT_FALSE(seen.contains("check factorials")) << "a pass that was skipped";
 }
 
 } // namespace TBFTests

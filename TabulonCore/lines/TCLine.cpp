@@ -17,6 +17,7 @@
 #include "lines/TCLineCollection.h"
 #include "lines/TCLineRecalculation.h"
 #include "results/TCResult.h"
+#include "results/TCResultFormatter.h"
 #include "results/TCResultFormattingOptions.h"
 #include "runtime/ObjectPool.h"
 
@@ -78,25 +79,6 @@ bool mayDeclare(const TCExpression& expression) {
     return expression.stringForEvaluation().find(u'=') != std::u16string::npos;
 }
 
-// What lines start with; never changed.
-const std::shared_ptr<TCResultFormattingOptions>& usualOptions() {
-    static const auto& options =
-        *new std::shared_ptr<TCResultFormattingOptions>(std::make_shared<TCResultFormattingOptions>());
-    return options;
-}
-
-// Equal options for lines that come one after the other are one object.
-std::shared_ptr<TCResultFormattingOptions> sharedOptions(const TCResultFormattingOptions& options) {
-    if (options == *usualOptions()) return usualOptions();
-    static thread_local std::weak_ptr<TCResultFormattingOptions> last;
-    auto shared = last.lock();
-    if (!shared || *shared != options) {
-        shared = std::make_shared<TCResultFormattingOptions>(options);
-        last = shared;
-    }
-    return shared;
-}
-
 // The tokens are not handed on: they are made again for the lines that are shown.
 std::shared_ptr<TCAbstractLineExpression>
 declarationExpression(const std::shared_ptr<TCExpression>& expression,
@@ -142,8 +124,7 @@ std::shared_ptr<TCLine> TCLine::lineWithPlainText(std::u16string text) {
 
 TCLine::TCLine(Passkey, std::shared_ptr<TCExpression> expression,
                std::shared_ptr<TCAbstractLineExpression> lineExpression)
-    : analysedForm(std::move(lineExpression))
-    , customOptions(usualOptions()) {
+    : analysedForm(std::move(lineExpression)) {
     takeText(std::move(expression));
 }
 
@@ -154,7 +135,8 @@ TCLine::NoText TCLine::kindOfNothing(const TCExpression* expression) {
 
 // An expression of nothing that nobody else holds isn't kept, unless the line has an analysed form over it.
 void TCLine::takeText(std::shared_ptr<TCExpression> expression) {
-    noText = analysedForm || expression.use_count() > 1 ? NoText::Expression : kindOfNothing(expression.get());
+    noText =
+        analysedForm || expression.use_count() > 1 ? NoText::Expression : kindOfNothing(expression.get());
     if (noText != NoText::Expression) expression = nullptr;
     text = std::move(expression);
     if (text) text->setLine(this);
@@ -208,14 +190,16 @@ void TCLine::_setExpression(std::shared_ptr<TCExpression> newExpression) {
     const TCSimpleLocale locale = formattingLocale();
     if (text) text->setLocaleWithDecimalPoint(locale.decimalPoint, locale.thousandsSeparator);
     expressionDidChange();
-    if (TCLineCollection* const collection = _lineCollection()) collection->recalculation().lineReadsDifferently(*this);
+    if (TCLineCollection* const collection = _lineCollection())
+        collection->recalculation().lineReadsDifferently(*this);
 }
 
 void TCLine::expressionDidChange() {
     forgetReferences();
     parsedAsNothing = false;
     if (!isKeptAsNothing()) analysedForm = lineTypeForExpression(text);
-    if (TCLineCollection* const collection = _lineCollection()) collection->recalculation().lineExpressionDidChange(*this);
+    if (TCLineCollection* const collection = _lineCollection())
+        collection->recalculation().lineExpressionDidChange(*this);
 }
 
 std::shared_ptr<TCAbstractLineExpression>
@@ -255,7 +239,7 @@ void TCLine::setResult(std::shared_ptr<TCResult> newResult) {
     if (newResult == answer) return;
     answer = std::move(newResult);
     if (!answer || answer == TCResult::emptyResult()) return;
-    answer->setResultFormattingOptions(customOptions);
+    answer->setResultFormattingOptions(heldOptions());
     answer->dropDerivedForms();
 }
 
@@ -300,7 +284,8 @@ void TCLine::unparse() {
     if (!analysedForm) return;
     analysedForm->reset();
     forgetReferences();
-    if (TCLineCollection* const collection = _lineCollection()) collection->recalculation().lineNeedsParsing(*this);
+    if (TCLineCollection* const collection = _lineCollection())
+        collection->recalculation().lineNeedsParsing(*this);
 }
 
 bool TCLine::isParsed() const {
@@ -473,40 +458,26 @@ void TCLine::_setLineCollection(TCLineCollection* collection) {
 }
 
 const std::shared_ptr<TCResultFormattingOptions>& TCLine::customFormattingOptions() {
-    if (!ownsOptions) {
-        setCustomFormattingOptions(TBF::makeShared<TCResultFormattingOptions>(*customOptions));
-        if (answer && answer != TCResult::emptyResult()) answer->setResultFormattingOptions(customOptions);
-    }
-    return customOptions;
+    if (makeOptionsOwn() && answer && answer != TCResult::emptyResult())
+        answer->setResultFormattingOptions(heldOptions());
+    return heldOptions();
 }
 
-void TCLine::setCustomFormattingOptions(std::shared_ptr<TCResultFormattingOptions> options) {
-    if (!options) return;
-    customOptions = std::move(options);
-    ownsOptions = true;
+TCResultFormattingOptions TCLine::contextualizedFormattingOptions() {
+    return contextualizedOptionsFor(result().get());
 }
 
-void TCLine::takeFormattingOptions(const TCResultFormattingOptions& options) {
-    customOptions = sharedOptions(options);
-    ownsOptions = false;
+TCResultFormattingOptions TCLine::formattingOptions() {
+    return automaticContextualFormattingEnabled() ? contextualizedFormattingOptions()
+                                                  : readableFormattingOptions();
 }
 
-TCSimpleLocale TCLine::formattingLocale() const {
-    return {customOptions->decimalPlaceCharacter(), customOptions->thousandsSeparatorCharacter()};
-}
-
-void TCLine::setFormattingLocale(TCSimpleLocale locale) {
-    const auto change = [&](TCResultFormattingOptions& options) {
-        options.setDecimalPlaceCharacter(locale.decimalPoint);
-        options.setThousandsSeparatorCharacter(locale.thousandsSeparator);
-    };
-    if (ownsOptions) {
-        change(*customOptions);
-        return;
-    }
-    TCResultFormattingOptions options = *customOptions;
-    change(options);
-    takeFormattingOptions(options);
+std::optional<std::u16string> TCLine::formattedResult() {
+    const std::shared_ptr<TCResult> current = result();
+    if (!current || current->resultType() != TCResultTypeNumber) return std::nullopt;
+    auto shown = TCResultFormatter::sharedInstance().stringValueForResult(current.get(), formattingOptions());
+    current->dropDerivedForms();
+    return shown;
 }
 
 int32_t TCLine::trigonometryMode() const {
@@ -519,7 +490,8 @@ void TCLine::setTrigonometryMode(int32_t mode) {
     if (mode == ownTrigonometryMode) return;
     ownTrigonometryMode = static_cast<int8_t>(mode);
     invalidateResult();
-    if (TCLineCollection* const collection = _lineCollection()) collection->recalculation().lineReadsDifferently(*this);
+    if (TCLineCollection* const collection = _lineCollection())
+        collection->recalculation().lineReadsDifferently(*this);
 }
 
 // The options may be shared with other lines, so they alone don't tell how this text was read.
@@ -545,7 +517,8 @@ void TCLine::convertToLocale(TCSimpleLocale locale) {
 void TCLine::localeDidChange() {
     invalidateResult();
     expressionDidChange();
-    if (TCLineCollection* const collection = _lineCollection()) collection->recalculation().lineReadsDifferently(*this);
+    if (TCLineCollection* const collection = _lineCollection())
+        collection->recalculation().lineReadsDifferently(*this);
 }
 
 std::size_t TCLine::hash() const {

@@ -11,6 +11,7 @@
 #include "lines/TCLineCollection.h"
 #include "lines/TCLineRecalculation.h"
 #include "results/TCResult.h"
+#include "results/TCResultFormatter.h"
 #include "results/TCResultFormattingOptions.h"
 #include "runtime/ObjectPool.h"
 
@@ -43,23 +44,6 @@ std::shared_ptr<TCExpression> expressionWithText(std::optional<std::u16string> t
     return text ? TBF::makeShared<TCExpression>(std::move(text)) : nullptr;
 }
 
-// What lines start with; never changed.
-const std::shared_ptr<TCResultFormattingOptions>& usualOptions() {
-    static const auto& options =
-        *new std::shared_ptr<TCResultFormattingOptions>(std::make_shared<TCResultFormattingOptions>());
-    return options;
-}
-
-// Equal options for lines that come one after the other are one object.
-std::shared_ptr<TCResultFormattingOptions> sharedOptions(const TCResultFormattingOptions& options) {
-    if (options == *usualOptions()) return usualOptions();
-    static thread_local std::weak_ptr<TCResultFormattingOptions> last;
-    auto shared = last.lock();
-    if (!shared || *shared != options) {
-        shared = std::make_shared<TCResultFormattingOptions>(options);
-        last = shared;
-    }
-    return shared;
 }
 
 } // namespace
@@ -92,8 +76,7 @@ std::shared_ptr<TCLine> TCLine::lineWithPlainText(std::u16string text) {
 
 TCLine::TCLine(Passkey, std::shared_ptr<TCExpression> expression,
                std::shared_ptr<TCAbstractLineExpression> lineExpression)
-    : analysedForm(std::move(lineExpression))
-    , customOptions(usualOptions()) {
+    : analysedForm(std::move(lineExpression)) {
     takeText(std::move(expression));
 }
 
@@ -104,7 +87,8 @@ TCLine::NoText TCLine::kindOfNothing(const TCExpression* expression) {
 
 // An expression of nothing that nobody else holds isn't kept, unless the line has an analysed form over it.
 void TCLine::takeText(std::shared_ptr<TCExpression> expression) {
-    noText = analysedForm || expression.use_count() > 1 ? NoText::Expression : kindOfNothing(expression.get());
+    noText =
+        analysedForm || expression.use_count() > 1 ? NoText::Expression : kindOfNothing(expression.get());
     if (noText != NoText::Expression) expression = nullptr;
     text = std::move(expression);
     if (text) text->setLine(this);
@@ -158,14 +142,16 @@ void TCLine::_setExpression(std::shared_ptr<TCExpression> newExpression) {
     const TCSimpleLocale locale = formattingLocale();
     if (text) text->setLocaleWithDecimalPoint(locale.decimalPoint, locale.thousandsSeparator);
     expressionDidChange();
-    if (TCLineCollection* const collection = _lineCollection()) collection->recalculation().lineReadsDifferently(*this);
+    if (TCLineCollection* const collection = _lineCollection())
+        collection->recalculation().lineReadsDifferently(*this);
 }
 
 void TCLine::expressionDidChange() {
     forgetReferences();
     parsedAsNothing = false;
     if (!isKeptAsNothing()) analysedForm = lineTypeForExpression(text);
-    if (TCLineCollection* const collection = _lineCollection()) collection->recalculation().lineExpressionDidChange(*this);
+    if (TCLineCollection* const collection = _lineCollection())
+        collection->recalculation().lineExpressionDidChange(*this);
 }
 
 std::shared_ptr<TCAbstractLineExpression>
@@ -188,7 +174,7 @@ void TCLine::setResult(std::shared_ptr<TCResult> newResult) {
     if (newResult == answer) return;
     answer = std::move(newResult);
     if (!answer || answer == TCResult::emptyResult()) return;
-    answer->setResultFormattingOptions(customOptions);
+    answer->setResultFormattingOptions(heldOptions());
     answer->dropDerivedForms();
 }
 
@@ -233,7 +219,8 @@ void TCLine::unparse() {
     if (!analysedForm) return;
     analysedForm->reset();
     forgetReferences();
-    if (TCLineCollection* const collection = _lineCollection()) collection->recalculation().lineNeedsParsing(*this);
+    if (TCLineCollection* const collection = _lineCollection())
+        collection->recalculation().lineNeedsParsing(*this);
 }
 
 bool TCLine::isParsed() const {
@@ -380,40 +367,26 @@ void TCLine::_setLineCollection(TCLineCollection* collection) {
 }
 
 const std::shared_ptr<TCResultFormattingOptions>& TCLine::customFormattingOptions() {
-    if (!ownsOptions) {
-        setCustomFormattingOptions(TBF::makeShared<TCResultFormattingOptions>(*customOptions));
-        if (answer && answer != TCResult::emptyResult()) answer->setResultFormattingOptions(customOptions);
-    }
-    return customOptions;
+    if (makeOptionsOwn() && answer && answer != TCResult::emptyResult())
+        answer->setResultFormattingOptions(heldOptions());
+    return heldOptions();
 }
 
-void TCLine::setCustomFormattingOptions(std::shared_ptr<TCResultFormattingOptions> options) {
-    if (!options) return;
-    customOptions = std::move(options);
-    ownsOptions = true;
+TCResultFormattingOptions TCLine::contextualizedFormattingOptions() {
+    return contextualizedOptionsFor(result().get());
 }
 
-void TCLine::takeFormattingOptions(const TCResultFormattingOptions& options) {
-    customOptions = sharedOptions(options);
-    ownsOptions = false;
+TCResultFormattingOptions TCLine::formattingOptions() {
+    return automaticContextualFormattingEnabled() ? contextualizedFormattingOptions()
+                                                  : readableFormattingOptions();
 }
 
-TCSimpleLocale TCLine::formattingLocale() const {
-    return {customOptions->decimalPlaceCharacter(), customOptions->thousandsSeparatorCharacter()};
-}
-
-void TCLine::setFormattingLocale(TCSimpleLocale locale) {
-    const auto change = [&](TCResultFormattingOptions& options) {
-        options.setDecimalPlaceCharacter(locale.decimalPoint);
-        options.setThousandsSeparatorCharacter(locale.thousandsSeparator);
-    };
-    if (ownsOptions) {
-        change(*customOptions);
-        return;
-    }
-    TCResultFormattingOptions options = *customOptions;
-    change(options);
-    takeFormattingOptions(options);
+std::optional<std::u16string> TCLine::formattedResult() {
+    const std::shared_ptr<TCResult> current = result();
+    if (!current || current->resultType() != TCResultTypeNumber) return std::nullopt;
+    auto shown = TCResultFormatter::sharedInstance().stringValueForResult(current.get(), formattingOptions());
+    current->dropDerivedForms();
+    return shown;
 }
 
 int32_t TCLine::trigonometryMode() const {
@@ -426,7 +399,8 @@ void TCLine::setTrigonometryMode(int32_t mode) {
     if (mode == ownTrigonometryMode) return;
     ownTrigonometryMode = static_cast<int8_t>(mode);
     invalidateResult();
-    if (TCLineCollection* const collection = _lineCollection()) collection->recalculation().lineReadsDifferently(*this);
+    if (TCLineCollection* const collection = _lineCollection())
+        collection->recalculation().lineReadsDifferently(*this);
 }
 
 // The options may be shared with other lines, so they alone don't tell how this text was read.
@@ -452,7 +426,8 @@ void TCLine::convertToLocale(TCSimpleLocale locale) {
 void TCLine::localeDidChange() {
     invalidateResult();
     expressionDidChange();
-    if (TCLineCollection* const collection = _lineCollection()) collection->recalculation().lineReadsDifferently(*this);
+    if (TCLineCollection* const collection = _lineCollection())
+        collection->recalculation().lineReadsDifferently(*this);
 }
 
 std::size_t TCLine::hash() const {

@@ -4,13 +4,13 @@
 // until a `TCLineCollection` takes it; from then on every change of its text goes through the collection,
 // which keeps the answers current. Lines are made and used on the document's thread only.
 //
-// A document may have a million lines, most of them empty or never looked at. So a line keeps its text and its
-// answer; what follows from the text is made when somebody asks, and can be dropped (`dropForms`).
+// A document may have a million lines, most of them empty or never looked at. So a line keeps its text and
+// its answer; what follows from the text is made when somebody asks, and can be dropped (`dropForms`).
 
 #include "environment/TCSimpleLocale.h"
 #include "expressions/TCLineReferenceType.h"
-#include "lines/TCExpressionFormattingOptions.h"
 #include "lines/TCIndexSet.h"
+#include "lines/TCLineFormatting.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -40,7 +40,7 @@ enum TCLineType : int32_t {
     TCLineTypePlainText = 3, // never evaluated
 };
 
-class TCLine : public std::enable_shared_from_this<TCLine> {
+class TCLine : public std::enable_shared_from_this<TCLine>, public TCLineFormatting {
 public:
     // Lines are made by `make`, since collections share them. A null expression is a line without text.
     static std::shared_ptr<TCLine> make();
@@ -120,10 +120,6 @@ public:
     // True for a line of no text while nobody has asked for its expression.
     bool isKeptAsNothing() const { return noText != NoText::Expression; }
 
-    // True while a collection keeps the forms of this line, which it will need again before long.
-    bool _keepsForms() const { return keepsForms; }
-    void _setKeepsForms(bool keeps) { keepsForms = keeps; }
-
     // The classification of a text, as the line expression of the kind that fits; never null for an
     // ordinary text.
     static std::shared_ptr<TCAbstractLineExpression>
@@ -158,25 +154,13 @@ public:
     TCLineCollection* _lineCollection() const { return owner ? *owner : nullptr; }
     void _setLineCollection(TCLineCollection* collection);
 
-    // Formatting. The custom options are never null. Those that were set may be shared with other lines;
-    // otherwise they are the line's own, to be changed at will.
+    // Formatting, with what `TCLineFormatting` holds. The custom options are the line's own, or those that
+    // were set, to be changed at will.
     const std::shared_ptr<TCResultFormattingOptions>& customFormattingOptions();
-    void setCustomFormattingOptions(std::shared_ptr<TCResultFormattingOptions> options);
-
-    // The same, only to be read, and so without a copy for this line alone. Equal options of lines that come
-    // one after the other are kept once.
-    const TCResultFormattingOptions& readableFormattingOptions() const { return *customOptions; }
-    void takeFormattingOptions(const TCResultFormattingOptions& options);
     TCResultFormattingOptions contextualizedFormattingOptions();
 
     // What the answer is shown with: the custom options, adjusted to the answer unless that is off.
     TCResultFormattingOptions formattingOptions();
-    TCExpressionFormattingOptions& expressionFormattingOptions() { return textOptions; }
-    const TCExpressionFormattingOptions& expressionFormattingOptions() const { return textOptions; }
-    bool automaticContextualFormattingEnabled() const { return adjustsFormatting; }
-    void setAutomaticContextualFormattingEnabled(bool enabled) { adjustsFormatting = enabled; }
-    bool automaticallyAdjustsOutputPrecision() const { return adjustsPrecision; }
-    void setAutomaticallyAdjustsOutputPrecision(bool adjusts) { adjustsPrecision = adjusts; }
 
     // 1 degrees, 2 radians; 0 is no mode of its own, and reads as the collection's.
     int32_t trigonometryMode() const;
@@ -230,26 +214,22 @@ private:
     static NoText kindOfNothing(const TCExpression* expression);
     void takeText(std::shared_ptr<TCExpression> expression);
     void makeExpressionOfNothing() const;
-    TCSimpleLocale formattingLocale() const;
-    void setFormattingLocale(TCSimpleLocale locale);
 
-    mutable std::shared_ptr<TCExpression> text; // knows this line as its owner
-    mutable std::shared_ptr<TCAbstractLineExpression> analysedForm;
-    std::shared_ptr<TCResult> answer;
-    std::shared_ptr<TCLineCollection*> owner; // shared with the collection, which empties it at its end
-    std::shared_ptr<TCResultFormattingOptions> customOptions;
-    mutable std::unique_ptr<Uses> uses;                 // null until there are some
-    mutable std::unique_ptr<std::u16string> identifier; // null until asked for
-    std::size_t position = 0;
-    TCExpressionFormattingOptions textOptions;
+    friend class TCKeptLineForms; // a mark on the lines whose forms a collection will need again before long
+
+    // What is small comes first: it fits into the room that the formatting leaves.
     int8_t ownTrigonometryMode = 0;
     mutable NoText noText = NoText::Expression;
-    mutable bool ownsOptions : 1 = false; // or was given them; otherwise they are shared, and not to be changed
     bool evaluated : 1 = false; // since the last invalidation, whether or not it gave an answer
-    bool adjustsFormatting : 1 = true;
-    bool adjustsPrecision : 1 = true;
     bool keepsForms : 1 = false;
     bool parsedAsNothing : 1 = false; // an analysed form that is made counts as parsed
     mutable bool referencesKnown : 1 = false;
     mutable bool variableNamesKnown : 1 = false;
+    mutable std::shared_ptr<TCExpression> text; // knows this line as its owner
+    mutable std::shared_ptr<TCAbstractLineExpression> analysedForm;
+    std::shared_ptr<TCResult> answer;
+    std::shared_ptr<TCLineCollection*> owner; // shared with the collection, which empties it at its end
+    mutable std::unique_ptr<Uses> uses;       // null until there are some
+    mutable std::unique_ptr<std::u16string> identifier; // null until asked for
+    std::size_t position = 0;
 };

@@ -44,8 +44,6 @@ std::shared_ptr<TCExpression> expressionWithText(std::optional<std::u16string> t
     return text ? TBF::makeShared<TCExpression>(std::move(text)) : nullptr;
 }
 
-}
-
 } // namespace
 
 std::shared_ptr<TCLine> TCLine::make() {

@@ -4,11 +4,12 @@
 // index or neither any more, and `TCIndexSet`, a set of them that can be shifted as a whole. A line keeps
 // such a set as the cache of what it refers to. Plain values, used on the document's thread.
 
+#include "lines/TCSortedIndexes.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <span>
-#include <vector>
 
 class TCIndex {
 public:
@@ -32,34 +33,18 @@ private:
     int64_t number = 0;
 };
 
-// Members in ascending order, each once.
-class TCIndexSet {
+class TCIndexSet : public TCSortedIndexes<TCIndex> {
 public:
-    using value_type = TCIndex;
-    using const_iterator = std::vector<TCIndex>::const_iterator;
-
     TCIndexSet() = default;
     TCIndexSet(std::initializer_list<int64_t> indexes);
 
     static TCIndexSet indexSetWithIndexes(std::span<const int64_t> indexes);
 
-    void addIndex(int64_t index);
+    void addIndex(int64_t index) { add(TCIndex(index)); }
     void addIndexes(std::span<const int64_t> indexes);
-    void addIndexesFromIndexSet(const TCIndexSet& other);
+    void addIndexesFromIndexSet(const TCIndexSet& other) { add(other); }
+    bool containsIndex(int64_t index) const { return contains(TCIndex(index)); }
 
     // Adds `offset` to every member.
     void addOffset(int64_t offset);
-
-    bool containsIndex(int64_t index) const;
-    std::size_t count() const { return members.size(); }
-
-    const_iterator begin() const { return members.begin(); }
-    const_iterator end() const { return members.end(); }
-
-    bool operator==(const TCIndexSet&) const = default;
-
-private:
-    void restoreOrder();
-
-    std::vector<TCIndex> members;
 };

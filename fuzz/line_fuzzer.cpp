@@ -1,6 +1,7 @@
-// A line's road, from its text to its formatted answer, with all units, currencies and phrases of the content:
-// the first byte chooses locale, angle mode and display format, the rest is the text. Lines are short and may
-// take little work, so that thousands are read in a second; documents and pages have a target of their own.
+// A line's road, from its text to its formatted answer, with all units, currencies and phrases of the
+// content: the first byte chooses locale, angle mode and display format, the rest is the text. Lines are
+// short and may take little work, so that thousands are read in a second; documents and pages have a target
+// of their own.
 
 #include "environment/TCSettings.h"
 #include "environment/TKEnvironment.h"
@@ -60,6 +61,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     // What a small budget has no answer for is answered, or refused, by a larger one.
     lines.recalculation().finishLines(2 * lineBudget);
     const auto answer = line->result();
-    if (answer && answer->resultType() == TCResultTypeError && answer->errorType() == TCErrorTypeNone) abort();
+    if (answer && answer->resultType() == TCResultTypeError && answer->errorType() == TCErrorTypeNone)
+        abort();
     return 0;
 }

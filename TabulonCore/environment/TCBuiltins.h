@@ -1,7 +1,7 @@
 #pragma once
 
-// The lists that an environment starts from, each made anew: the standard word operators and variables, and the
-// standard functions with those behind which references to other lines stand. No state.
+// The lists that an environment starts from, each made anew: the standard word operators and variables, and
+// the standard functions with those behind which references to other lines stand. No state.
 
 #include <memory>
 

@@ -85,6 +85,6 @@ private:
     std::shared_ptr<TCLineExpressionParser> formMaker; // null for forms that were given
     mutable std::unique_ptr<Forms> forms;              // null until asked for
     TCExpressionType type;
-    bool hasTokens = false;   // the whole line has tokens, made or not
+    bool hasTokens = false;      // the whole line has tokens, made or not
     bool waitsForParser = false; // `formMaker` makes the parsed forms
 };

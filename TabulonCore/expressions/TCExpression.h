@@ -2,8 +2,9 @@
 
 // The text of one line, or of a part of it, as it was typed, with what follows from it: the text with its
 // substitutions, the foundation's expression over that, and the tokens for display. Each is made when first
-// needed and kept until the text or the locale changes, or until it is dropped. Belongs to the line that holds it; used by one thread
-// at a time. Made by std::make_shared: tokens find back to their expression as long as it lives.
+// needed and kept until the text or the locale changes, or until it is dropped. Belongs to the line that
+// holds it; used by one thread at a time. Made by std::make_shared: tokens find back to their expression as
+// long as it lives.
 
 #include "environment/TCSimpleLocale.h"
 #include "runtime/Ref.h"

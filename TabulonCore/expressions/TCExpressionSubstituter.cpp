@@ -151,8 +151,8 @@ constexpr int64_t replacementBound = 1'000;
 constexpr std::size_t growthFactor = 16;
 constexpr std::size_t growthAllowance = 65'536;
 
-// Steps of the regular expressions for one line, all patterns together: a grant for any text, and one for each
-// so many code units. The patterns of the system take a tenth of them at most.
+// Steps of the regular expressions for one line, all patterns together: a grant for any text, and one for
+// each so many code units. The patterns of the system take a tenth of them at most.
 constexpr int64_t stepsOfALine = 1'000;
 constexpr std::size_t textPerStep = 100;
 
@@ -162,7 +162,8 @@ bool matchesNothing(std::u16string_view regex) {
     std::u16string probe = u"1 a% b, 2 as A% of (3)";
     RKLReplacementWalk walk;
     RegexKitLite::replaceOccurrencesOfRegex(probe, regex, u"", RKLWholeString, &walk);
-    return std::ranges::any_of(walk.made, [](const RKLReplacement& made) { return made.matched.length == 0; });
+    return std::ranges::any_of(walk.made,
+                               [](const RKLReplacement& made) { return made.matched.length == 0; });
 }
 
 // A pattern that doesn't compile, that matches where there is nothing, or that matches what it is replaced by
@@ -170,7 +171,8 @@ bool matchesNothing(std::u16string_view regex) {
 bool isBearable(std::u16string_view regex, std::u16string_view replacement) {
     const RKLStepBudget budget(stepsOfALine);
     if (!RegexKitLite::isRegexValid(regex) || matchesNothing(regex)) return false;
-    return !RegexKitLite::rangeOfRegex(std::u16string(u" ").append(replacement).append(u" "), regex).isFound();
+    return !RegexKitLite::rangeOfRegex(std::u16string(u" ").append(replacement).append(u" "), regex)
+                .isFound();
 }
 
 void logUnbearable(std::u16string_view regex) {
@@ -402,14 +404,8 @@ void TCExpressionSubstituter::setMappingFromRegex(std::u16string_view regex, std
                                                   int32_t order, int32_t leftCutoff, int32_t rightCutoff,
                                                   std::optional<int32_t> rightCaptureNumber,
                                                   OperatorType operatorType) {
-    add({std::u16string(regex),
-         std::u16string(replacement),
-         order,
-         operatorType,
-         leftCutoff,
-         rightCutoff,
-         rightCaptureNumber,
-         TCRequiredCluesOfRegex(regex)});
+    add({std::u16string(regex), std::u16string(replacement), order, operatorType, leftCutoff, rightCutoff,
+         rightCaptureNumber, TCRequiredCluesOfRegex(regex)});
 }
 
 void TCExpressionSubstituter::addOperatorRegex(std::u16string_view regex, OperatorType operatorType) {

@@ -29,8 +29,8 @@ constexpr std::u16string_view decimalPlacesKey = u"decimal_places";
 constexpr std::u16string_view trigonometryModeKey = u"trig_mode";
 constexpr int32_t expectedResultPrecision = 50; // decimal places that count, where the file has no say
 
-// What a file may ask for: an answer has no more than 100 decimals, and a mantissa of more digits than this in
-// front of the point isn't scientific any more.
+// What a file may ask for: an answer has no more than 100 decimals, and a mantissa of more digits than this
+// in front of the point isn't scientific any more.
 constexpr int32_t mostDecimalPlaces = 100;
 constexpr int32_t greatestGranularity = 100;
 
@@ -57,7 +57,8 @@ constexpr AttributeRow attributeRows[] = {
      [](TCLine& line, int32_t value) { line.customFormattingOptions()->setScientificNotationStyle(value); }},
     {u"sn_exp_granularity",
      [](const TCLine& line) {
-         return static_cast<int32_t>(line.readableFormattingOptions().scientificNotationExponentGranularity());
+         return static_cast<int32_t>(
+             line.readableFormattingOptions().scientificNotationExponentGranularity());
      },
      [](TCLine& line, int32_t value) {
          line.customFormattingOptions()->setScientificNotationExponentGranularity(

@@ -45,7 +45,7 @@ public:
     bool isOwnerLine(const std::shared_ptr<TCLine>& line) const;
     std::size_t countOfOwnerLines() const;
     OwnerLines ownerLines() const;
-    std::shared_ptr<TCLine> lastOwnerLine() const; // null without owners
+    std::shared_ptr<TCLine> lastOwnerLine() const;                            // null without owners
     std::shared_ptr<TCLine> ownerLineForLineAtIndex(std::size_t index) const; // that rules there; may be null
     OwnerLines previousOwnerLines() const;
     void addOwnerLine(const std::shared_ptr<TCLine>& line, TCRange lineIndexRange);

@@ -69,8 +69,7 @@ void TCLineDeclarationIndex::noteMove(const std::shared_ptr<TCLine>& line) {
         changedNames.insert(known->second->first);
 }
 
-std::vector<std::shared_ptr<TCLine>>
-TCLineDeclarationIndex::linesDeclaring(std::u16string_view name) const {
+std::vector<std::shared_ptr<TCLine>> TCLineDeclarationIndex::linesDeclaring(std::u16string_view name) const {
     const auto named = linesByName.find(name);
     if (named == linesByName.end()) return {};
     const Declaring& declaring = named->second;

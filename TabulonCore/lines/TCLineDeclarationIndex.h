@@ -53,8 +53,7 @@ private:
         void erase(const std::shared_ptr<TCLine>& line);
         std::size_t size() const { return several ? several->size() : only ? 1 : 0; }
     };
-    using LinesByName =
-        std::unordered_map<Name, Declaring, TBF::StringContentHash, TBF::StringContentEqual>;
+    using LinesByName = std::unordered_map<Name, Declaring, TBF::StringContentHash, TBF::StringContentEqual>;
 
     LinesByName linesByName; // whose entries stay where they are
     std::unordered_map<const TCLine*, LinesByName::value_type*> nameByLine;

@@ -116,9 +116,7 @@ public:
     int32_t type() const { return tag; }
     void setType(int32_t newType) { tag = newType; }
     const std::optional<std::u16string>& infoDescription() const { return texts().description; }
-    void setInfoDescription(std::optional<std::u16string> text) {
-        madeTexts().description = std::move(text);
-    }
+    void setInfoDescription(std::optional<std::u16string> text) { madeTexts().description = std::move(text); }
     const std::optional<std::u16string>& identifier() const { return texts().identifier; }
     void setIdentifier(std::optional<std::u16string> text) { madeTexts().identifier = std::move(text); }
 

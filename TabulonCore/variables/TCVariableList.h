@@ -114,7 +114,8 @@ private:
     TBF::Ref<TBF::VariableList> list;
     std::shared_ptr<TCVariableList> parent;
 
-    // By exact name, mostly the variable's own text. Those of one name are a variable and disabled ones that it was renamed like.
+    // By exact name, mostly the variable's own text. Those of one name are a variable and disabled ones that
+    // it was renamed like.
     Listed listed;
     uint64_t changes = 0;
     TCVariableListDelegate* observer = nullptr;

@@ -26,8 +26,8 @@ namespace {
 
 constexpr int32_t scopeOfLastValue = 2147483647;
 
-// Every pass relies on what those above it have done. The names are for those who look on from outside: no two
-// are the same, and they stay.
+// Every pass relies on what those above it have done. The names are for those who look on from outside: no
+// two are the same, and they stay.
 constexpr ContextualAnalyzer::Pass passTable[] = {
     {"build the tree", pass_build_tree, LineTraitAny},
 

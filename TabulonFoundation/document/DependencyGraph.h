@@ -5,7 +5,8 @@
 // nothing of lines: when positions shift, the document layer rebuilds the edges. It has one writer, the
 // document's thread; additions, removals and evaluation orders lock, the other queries do not.
 //
-// Memory is proportional to the edges; an index without any takes a bit. No operation recurses, and cycles end every walk.
+// Memory is proportional to the edges; an index without any takes a bit. No operation recurses, and cycles
+// end every walk.
 
 #include "document/DependencyExtents.h"
 #include "document/IndexBits.h"

@@ -2,8 +2,8 @@
 
 // Reads a document file into its three nodes. The XML is read as data and nothing else: no external
 // entity, DTD or network resource is ever fetched, and a file with definitions of its own is refused, so that
-// a small file can't grow in memory or take long. A byte order mark is passed over. A reader is used by one thread at a time; readers on different
-// threads don't meet.
+// a small file can't grow in memory or take long. A byte order mark is passed over. A reader is used by one
+// thread at a time; readers on different threads don't meet.
 
 #include "document/FileInfoNode.h"
 #include "document/FileLinesNode.h"

@@ -30,7 +30,9 @@ struct WriterDeleter {
 // What goes wrong is told by the writer's result: libxml2 prints nothing meanwhile, on this thread.
 class Silence {
 public:
-    Silence() { xmlSetStructuredErrorFunc(nullptr, [](void*, xmlErrorPtr) {}); }
+    Silence() {
+        xmlSetStructuredErrorFunc(nullptr, [](void*, xmlErrorPtr) {});
+    }
     ~Silence() { xmlSetStructuredErrorFunc(oldContext_, oldFunction_); }
     Silence(const Silence&) = delete;
     Silence& operator=(const Silence&) = delete;

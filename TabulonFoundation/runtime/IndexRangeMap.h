@@ -82,8 +82,8 @@ private:
     void removeSegments(std::size_t first, std::size_t last); // [first, last), the last one first
 
     // Nearly all variables of a document have one value for all lines, and there may be very many.
-    void* onlyValue = nullptr;          // at every index, while there are no segments
-    std::unique_ptr<Segments> segments; // null as long as the above serves
+    void* onlyValue = nullptr;                             // at every index, while there are no segments
+    std::unique_ptr<Segments> segments;                    // null as long as the above serves
     mutable std::unique_ptr<std::set<void*>> uniqueValues; // null until asked for, and after a change
     Deallocator deallocator = nullptr;
 };

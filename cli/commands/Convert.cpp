@@ -75,7 +75,8 @@ void runConvert(const ConvertArguments& arguments) {
         refuseOtherKind(destination, input.isDocument ? OutputKind::text : OutputKind::document);
     }
     if (input.isDocument) {
-        writeOutput(destination == "-" ? std::nullopt : std::optional(destination), textOf(*input.collection));
+        writeOutput(destination == "-" ? std::nullopt : std::optional(destination),
+                    textOf(*input.collection));
         return;
     }
     input.collection->beginBatchUpdate();

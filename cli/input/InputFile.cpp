@@ -21,7 +21,8 @@ constexpr std::string_view documentStart = "<?xml";
 // Each line of a text takes many times its length once it is analysed.
 constexpr std::size_t maxTextSize = std::size_t{64} << 20;
 constexpr std::size_t maxLines = TCLineCollection::mostLines;
-constexpr std::size_t maxFilledLines = 400'000; // about a kilobyte each, where an empty one takes next to nothing
+constexpr std::size_t maxFilledLines =
+    400'000; // about a kilobyte each, where an empty one takes next to nothing
 
 class OpenFile {
 public:
@@ -59,7 +60,8 @@ std::size_t countOfFilledLines(std::string_view text) {
 void checkCountOfLines(const std::string& file, std::string_view text) {
     const auto ends = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
     const std::size_t count = ends + (text.empty() || text.back() == '\n' ? 0 : 1);
-    if (count > maxLines) fail(file, "is too large: a text has at most " + std::to_string(maxLines) + " lines");
+    if (count > maxLines)
+        fail(file, "is too large: a text has at most " + std::to_string(maxLines) + " lines");
     if (count > maxFilledLines && countOfFilledLines(text) > maxFilledLines)
         fail(file, "is too large: a text has at most " + std::to_string(maxFilledLines) +
                        " lines that aren't empty");

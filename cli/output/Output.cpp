@@ -88,7 +88,8 @@ void writeOutput(const std::optional<std::string>& path, std::string_view bytes)
 }
 
 void refuseInputAsOutput(const Arguments& arguments) {
-    const FilesOfCommand files = std::visit([](const auto& each) { return filesOf(each); }, arguments.command);
+    const FilesOfCommand files =
+        std::visit([](const auto& each) { return filesOf(each); }, arguments.command);
     const std::optional<struct stat> output = statusOfOutput(files.output);
     if (!output) return;
     for (const std::string& input : files.inputs) {

@@ -17,6 +17,6 @@ void writeOutput(const std::optional<std::string>& path, std::string_view bytes)
 // colours, a file of the content or of the data folder. Content has to be known by then.
 void refuseInputAsOutput(const Arguments& arguments);
 
-// Whether something stands at `path` that is neither a file nor a folder, such as a device or a pipe, or that is
-// an open descriptor of the process, and so can be written to but not be replaced.
+// Whether something stands at `path` that is neither a file nor a folder, such as a device or a pipe, or that
+// is an open descriptor of the process, and so can be written to but not be replaced.
 bool isSpecialFile(const std::string& path);

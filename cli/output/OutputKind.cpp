@@ -74,7 +74,8 @@ void refuseOtherKind(const std::string& path, OutputKind written) {
     if (bytes.empty()) return;
     const bool isOfKind = written == OutputKind::document ? isDocument(bytes) : isPlainText(bytes);
     if (isOfKind) return;
-    throw CommandFailure{ExitCodeFailed, path,
-                         std::string(written == OutputKind::document ? "is no document" : "is no plain text") +
-                             ", and would be lost: --force writes over it"};
+    throw CommandFailure{
+        ExitCodeFailed, path,
+        std::string(written == OutputKind::document ? "is no document" : "is no plain text") +
+            ", and would be lost: --force writes over it"};
 }

@@ -18,7 +18,8 @@ constexpr std::string_view noMemory = "there is not enough memory";
 // Long enough for a path and a sentence.
 constexpr std::size_t maxLength = 8192;
 
-// Exceptions don't reach whoever calls a thread or a destructor, and memory is the one thing to run out there.
+// Exceptions don't reach whoever calls a thread or a destructor, and memory is the one thing to run out
+// there.
 [[noreturn]] void endWithWords() {
     try {
         if (const std::exception_ptr current = std::current_exception()) std::rethrow_exception(current);

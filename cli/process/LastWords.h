@@ -13,6 +13,6 @@ void printLastLine(std::initializer_list<std::string_view> parts);
 // The end of a process whose memory is used up where there is no way back: a library's own request for it.
 [[noreturn]] void endWithoutMemory();
 
-// From now on a process that runs out of memory where nothing can be caught says so and ends with exit code 1;
-// a file that grows beyond a bound, and a reader that has seen enough, are met as errors of writing.
+// From now on a process that runs out of memory where nothing can be caught says so and ends with exit code
+// 1; a file that grows beyond a bound, and a reader that has seen enough, are met as errors of writing.
 void prepareForTheWorst();

@@ -71,8 +71,7 @@ RKLCachedRegex* RKLRegexCache::getCachedRegex(std::u16string_view regex, RKLRege
                                        &status));
     if (U_SUCCESS(status)) cached.captureCount = uregex_groupCount(cached.icu_regex.get(), &status);
     if (U_SUCCESS(status)) uregex_setStackLimit(cached.icu_regex.get(), stackLimit, &status);
-    if (U_SUCCESS(status))
-        uregex_setMatchCallback(cached.icu_regex.get(), takeStep, nullptr, &status);
+    if (U_SUCCESS(status)) uregex_setMatchCallback(cached.icu_regex.get(), takeStep, nullptr, &status);
     if (U_FAILURE(status)) {
         cached.icu_regex.reset();
         return nullptr;

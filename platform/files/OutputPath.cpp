@@ -54,7 +54,8 @@ std::optional<int> descriptorNamedBy(const std::string& path) {
     const std::string_view name = std::string_view(path).substr(path.rfind('/') + 1);
     int number = 0;
     const auto parsed = std::from_chars(name.data(), name.data() + name.size(), number);
-    const bool isNumber = !name.empty() && parsed.ec == std::errc() && parsed.ptr == name.data() + name.size();
+    const bool isNumber =
+        !name.empty() && parsed.ec == std::errc() && parsed.ptr == name.data() + name.size();
     if (!isNumber || number < 0 || !holdsDescriptors(folderOf(path))) return std::nullopt;
     return number;
 }

@@ -2,8 +2,9 @@
 
 // What XML may hold before a parser gets to see it. libxml2 takes time that grows with the square of the
 // attributes of one tag and faster than that with the definitions of a document type, and no setting of it
-// bounds either; names of namespaces are looked for one by one. One walk over the bytes finds them. It doesn't
-// follow comments and the like, so that nothing can be hidden from it by XML that is broken. Pure functions.
+// bounds either; names of namespaces are looked for one by one. One walk over the bytes finds them. It
+// doesn't follow comments and the like, so that nothing can be hidden from it by XML that is broken. Pure
+// functions.
 
 #include <cstddef>
 #include <cstdint>

@@ -1,8 +1,8 @@
 #pragma once
 
-// Hands the bytes of a file to libxml2 piece by piece, so that it gets no more of a file that has shown itself to
-// be broken, or to have more names than anybody needs: the parser goes on after most errors, and finds names
-// more and more slowly. One object for one parse; it and the bytes outlive the parser's context.
+// Hands the bytes of a file to libxml2 piece by piece, so that it gets no more of a file that has shown
+// itself to be broken, or to have more names than anybody needs: the parser goes on after most errors, and
+// finds names more and more slowly. One object for one parse; it and the bytes outlive the parser's context.
 
 #include <cstddef>
 #include <memory>

@@ -274,26 +274,39 @@ TEST_P(HostileEmbedder, OfDocuments) {
             [&] { document([&](auto& one) { one.evaluateLinesAtIndexes(set()); }); },
             [&] { document([&](auto& one) { one.evaluateAllLinesWithReportingMode(host.coin()); }); },
             [&] { document([&](auto& one) { one.unparseAllLines(); }); },
-            [&] { document([&](auto& one) { one.dependencies().rebuildDependencyGraphForLinesAtIndexes(set()); }); },
-            [&] {
-                document([&](auto& one) { one.dependencies().rebuildDependencyGraphForLinesOnAndAfterIndex(host.place()); });
-            },
-            [&] { document([&](auto& one) { one.dependencies().indexesOfLinesDependingOnLinesAtIndexes(set()); }); },
             [&] {
                 document(
-                    [&](auto& one) { one.dependencies().lineIndexesWithDependenciesMatchingTypeMask(7, host.index()); });
+                    [&](auto& one) { one.dependencies().rebuildDependencyGraphForLinesAtIndexes(set()); });
             },
             [&] {
                 document([&](auto& one) {
-                    one.dependencies().lineIndexesDirectlyDependingOnIndexesInRange(host.index(), host.index(), 7);
+                    one.dependencies().rebuildDependencyGraphForLinesOnAndAfterIndex(host.place());
+                });
+            },
+            [&] {
+                document(
+                    [&](auto& one) { one.dependencies().indexesOfLinesDependingOnLinesAtIndexes(set()); });
+            },
+            [&] {
+                document([&](auto& one) {
+                    one.dependencies().lineIndexesWithDependenciesMatchingTypeMask(7, host.index());
+                });
+            },
+            [&] {
+                document([&](auto& one) {
+                    one.dependencies().lineIndexesDirectlyDependingOnIndexesInRange(host.index(),
+                                                                                    host.index(), 7);
                 });
             },
             [&] { document([&](auto& one) { one.linesWithIndexes(set()); }); },
-            [&] { document([&](auto& one) { one.declaredNames().linesDeclaringVariableWithName(host.name()); }); },
+            [&] {
+                document([&](auto& one) { one.declaredNames().linesDeclaringVariableWithName(host.name()); });
+            },
             [&] {
                 document([&](auto& one) {
                     const auto variable =
-                        documents[host.below(3)]->declaredNames().lineCollectionVariableWithName(host.name(), false);
+                        documents[host.below(3)]->declaredNames().lineCollectionVariableWithName(host.name(),
+                                                                                                 false);
                     if (!variable) return;
                     one.declaredNames().updateLineCollectionVariableOwnership(*variable);
                     one.declaredNames().removeVariableIfNeeded(variable);
@@ -305,7 +318,8 @@ TEST_P(HostileEmbedder, OfDocuments) {
             [&] { document([&](auto& one) { one.declaredNames().removeVariableIfNeeded(nullptr); }); },
             [&] {
                 document([&](auto& one) {
-                    if (const auto asked = line()) one.declaredNames().directLineCollectionVariableReferencesForLine(*asked);
+                    if (const auto asked = line())
+                        one.declaredNames().directLineCollectionVariableReferencesForLine(*asked);
                 });
             },
             [&] {

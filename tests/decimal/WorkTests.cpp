@@ -59,14 +59,19 @@ TEST(KernelWork, past_the_limit_long_operations_give_zero_at_once_and_without_a_
         {"sum", [&](M_APM r) { m_apm_add(r, a, b); }},
         {"product", [&](M_APM r) { m_apm_multiply(r, a, b); }},
         {"quotient", [&](M_APM r) { m_apm_divide(r, 9'000, b, a); }},
-        {"a product that is divided by", [&](M_APM r) {
+        {"a product that is divided by",
+         [&](M_APM r) {
              m_apm_multiply(r, a, b);
              const KernelValue divisor;
              m_apm_copy(divisor, r);
              m_apm_divide(r, 100, MM_One, divisor);
          }},
         {"factorial that would take for ever", [&](M_APM r) { m_apm_factorial(r, huge); }},
-        {"factorial of a fraction", [&](M_APM r) { m_apm_factorial(r, fraction); m_apm_multiply(r, a, r); }},
+        {"factorial of a fraction",
+         [&](M_APM r) {
+             m_apm_factorial(r, fraction);
+             m_apm_multiply(r, a, r);
+         }},
         {"root", [&](M_APM r) { m_apm_sqrt(r, 9'000, a); }},
         {"series", [&](M_APM r) { m_apm_log(r, 9'000, a); }},
         {"power", [&](M_APM r) { m_apm_integer_pow(r, 9'000, a, -5); }},

@@ -1,5 +1,6 @@
-// value_saver CONTENT DATA NUMBER: loads the content and the saved values, gives a hundred variables this number,
-// and saves variables and rates where they were. For tests of what becomes of files when a writer is stopped.
+// value_saver CONTENT DATA NUMBER: loads the content and the saved values, gives a hundred variables this
+// number, and saves variables and rates where they were. For tests of what becomes of files when a writer is
+// stopped.
 
 #include "QuickLookGeneratorPlugin.h"
 #include "bootstrap.h"

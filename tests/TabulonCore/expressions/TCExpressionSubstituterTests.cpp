@@ -328,8 +328,8 @@ TEST(TCExpressionSubstituter, patterns_of_content_that_would_run_without_end_are
     const uint64_t untouched = content.stateIndicator();
     for (const char16_t* const pattern : {
              u"x*", u"", u"|a", u"\\b", u"(?=%)", u"$", u"%?", // nothing
-             u"_", u"percent", u"(?i)OFF", u"[a-z]+",           // their own replacement
-             u"(", u"%(",                                        // no patterns
+             u"_", u"percent", u"(?i)OFF", u"[a-z]+",          // their own replacement
+             u"(", u"%(",                                      // no patterns
          })
         content.addOperatorRegex(pattern, TCExpressionSubstituterOperatorTypePercentOff);
     EXPECT_EQ(content.stateIndicator(), untouched);

@@ -47,22 +47,24 @@ TEST(TCFile, keepsTheNumbersOfAFileWithinWhatAnAnswerCanShow) {
         const char* value;
         uint32_t places, granularity;
     } const rows[] = {
-        {"decimal_places", "100", 100, 0},      {"decimal_places", "101", 100, 0},
-        {"decimal_places", "60000", 100, 0},    {"decimal_places", "99999999999999999999", 100, 0},
-        {"decimal_places", "-1", 0, 0},         {"decimal_places", "three", 0, 0},
+        {"decimal_places", "100", 100, 0},   {"decimal_places", "101", 100, 0},
+        {"decimal_places", "60000", 100, 0}, {"decimal_places", "99999999999999999999", 100, 0},
+        {"decimal_places", "-1", 0, 0},      {"decimal_places", "three", 0, 0},
         {"sn_exp_granularity", "3", 10, 3},  {"sn_exp_granularity", "30000", 10, 100},
         {"sn_exp_granularity", "-5", 10, 0},
     };
     for (const auto& row : rows) {
         const DocumentFile file(current + "<lines>" + lineWith("1/3", row.key, row.value) + "</lines>");
-        const auto options = TCFile::lineCollectionFromPath(file.path)->lineAtIndex(0)->customFormattingOptions();
+        const auto options =
+            TCFile::lineCollectionFromPath(file.path)->lineAtIndex(0)->customFormattingOptions();
         EXPECT_EQ(options->decimalPlaces(), row.places) << row.key << row.value;
         EXPECT_EQ(options->scientificNotationExponentGranularity(), row.granularity) << row.key << row.value;
     }
     // In a test file the places are those of the comparison.
-    const DocumentFile test("<info><version>0.6</version><mode>test</mode></info><lines><line><expression>1/3"
-                            "</expression><expected_ans>0.3</expected_ans><formatting><item><key>decimal_places"
-                            "</key><value>2000000000</value></item></formatting></line></lines>");
+    const DocumentFile test(
+        "<info><version>0.6</version><mode>test</mode></info><lines><line><expression>1/3"
+        "</expression><expected_ans>0.3</expected_ans><formatting><item><key>decimal_places"
+        "</key><value>2000000000</value></item></formatting></line></lines>");
     TCFile read(test.path);
     ASSERT_TRUE(read.lineCollection());
     ASSERT_TRUE(read.expectedResults());

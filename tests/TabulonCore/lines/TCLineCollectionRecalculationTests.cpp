@@ -183,14 +183,16 @@ TEST(Recalculation, EdgesTellTheKindOfReference) {
                 ElementsAre(TBF::DependencyEdge{1, TBFDependencyTypeRelativeLineReference},
                             TBF::DependencyEdge{2, TBFDependencyTypeAbsoluteLineReference},
                             TBF::DependencyEdge{3, TBFDependencyTypeAnyLineReference}));
-    EXPECT_EQ(collection.dependencies().lineIndexesWithDependenciesMatchingTypeMask(TBFDependencyMaskRelative, 1),
-              TCLineIndexSet{3});
+    EXPECT_EQ(
+        collection.dependencies().lineIndexesWithDependenciesMatchingTypeMask(TBFDependencyMaskRelative, 1),
+        TCLineIndexSet{3});
     EXPECT_EQ(collection.dependencies().lineIndexesWithDependenciesMatchingTypeMask(TBFDependencyMaskAbsolute,
-                                                                     TCLineIndexSet({1, 2})),
+                                                                                    TCLineIndexSet({1, 2})),
               (TCLineIndexSet{2, 3}));
     EXPECT_EQ(collection.dependencies().linesWithDependenciesCrossingLineIndex(1).size(), 2u);
     EXPECT_EQ(collection.dependencies().indexesOfLinesDependingOnLineAtIndex(0), (TCLineIndexSet{1, 2, 3}));
-    EXPECT_EQ(collection.dependencies().lineIndexesDirectlyDependingOnIndexesInRange(0, 1, TBFDependencyMaskRelative),
+    EXPECT_EQ(collection.dependencies().lineIndexesDirectlyDependingOnIndexesInRange(
+                  0, 1, TBFDependencyMaskRelative),
               (TCLineIndexSet{1, 3}));
 }
 

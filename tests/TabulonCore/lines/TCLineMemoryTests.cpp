@@ -51,13 +51,14 @@ TEST(TCLineMemory, a_line_keeps_its_text_and_its_answer_and_little_else) {
     } rows[] = {
         {"an empty line", 200, 200'000, [](std::size_t) { return std::string(); }},
         {"prose", 1024, 30'000,
-         [](std::size_t i) { return "Dinner with friends at the harbour, all of them: " + std::to_string(i); }},
+         [](std::size_t i) {
+             return "Dinner with friends at the harbour, all of them: " + std::to_string(i);
+         }},
         {"arithmetic", 1024, 30'000,
          [](std::size_t i) { return std::to_string(i) + " * (3.5 + 12) - 10% + 20% of 50 / 7"; }},
         {"a name", 1800, 20'000,
          [](std::size_t i) { return "name" + std::to_string(i) + " = " + std::to_string(i); }},
-        {"a reference", 2048, 20'000,
-         [](std::size_t i) { return relative(-1) + " + " + std::to_string(i); }},
+        {"a reference", 2048, 20'000, [](std::size_t i) { return relative(-1) + " + " + std::to_string(i); }},
     };
     for (const auto& row : rows) {
         const double bytes = bytesPerLine(row.lineCount, row.textOf);

@@ -169,7 +169,8 @@ TEST_F(ResultUnits, ASymbolInFrontMovesTheRanges) {
 
 std::string total(const std::shared_ptr<TCLineCollection>& collection, int32_t type) {
     const auto result = TCLineCollectionStatistics(collection).getStatistic(type);
-    return TBF::utf8(TCResultFormatter::sharedInstance().stringValueForResult(result.get(), {}).value_or(u"-"));
+    return TBF::utf8(
+        TCResultFormatter::sharedInstance().stringValueForResult(result.get(), {}).value_or(u"-"));
 }
 
 TEST_F(ResultUnits, StatisticsAddWithUnits) {

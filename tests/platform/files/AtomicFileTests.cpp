@@ -63,7 +63,8 @@ protected:
         ASSERT_TRUE(WIFSIGNALED(status));
     }
 
-    const fs::path folder = fs::path(testing::TempDir()) / ("tabulon-atomic-" + std::to_string(std::random_device()()));
+    const fs::path folder =
+        fs::path(testing::TempDir()) / ("tabulon-atomic-" + std::to_string(std::random_device()()));
 };
 
 TEST_F(AtomicFileTests, LinksStayAndLeadToTheFile) {

@@ -126,7 +126,8 @@ TEST(PropertyList, FormsOfXMLThatPeopleWrite) {
     EXPECT_TRUE(PropertyList::parse("<!DOCTYPE plist PUBLIC \"x\" \"http://nowhere.invalid/x.dtd\">"
                                     "<plist><true/></plist>"));
     EXPECT_TRUE(PropertyList::parse("\xEF\xBB\xBF" + plist("<true/>")));
-    EXPECT_EQ(PropertyList::parse("<?xml version='1.0' encoding='ISO-8859-1'?><plist><string>\xE9</string></plist>"),
+    EXPECT_EQ(PropertyList::parse(
+                  "<?xml version='1.0' encoding='ISO-8859-1'?><plist><string>\xE9</string></plist>"),
               PropertyList("\xC3\xA9"));
 }
 

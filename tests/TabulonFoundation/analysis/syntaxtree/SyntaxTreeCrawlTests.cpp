@@ -1,8 +1,8 @@
 #include "analysis/syntaxtree/SyntaxTreeCrawl.h"
 
 #include "analysis/AnalysisVocabulary.h"
-#include "analysis/TokenDump.h"
 #include "analysis/ContextualAnalyzer.h"
+#include "analysis/TokenDump.h"
 #include "analysis/passes/PassContext.h"
 #include "analysis/syntaxtree/StandardSyntaxTrees.h"
 #include "analysis/syntaxtree/SyntaxTreeRule.h"

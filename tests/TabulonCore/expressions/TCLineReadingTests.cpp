@@ -65,6 +65,7 @@ TEST_P(TCLineReadingTest, EveryStageOfALineCanBeAskedFor) {
         {"line2 * rent", normal, 10, true, {{2, 1}}, {u"rent"}, 5},
         {"(___rel_line(-3)) + (___abs_line(7))", normal, 16, true, {{-3, -3}, {7, 7}}, {}, 5},
         {"(___rel_line(2 - 5))", normal, 10, true, {{-3, -3}}, {}, 1},
+        {"(___abs_line(rent))", normal, 6, true, {{900, 900}}, {}, 1}, // what it shows is a reference alone
         {"x = rent", TCExpressionTypeVariableDeclaration, 2, true, {}, {u"rent"}, 4},
         {"my x = line4", TCExpressionTypeVariableDeclaration, 7, true, {{4, 3}}, {}, 6},
         {"x =", TCExpressionTypeVariableDeclaration, 0, false, {}, {}, 2},

@@ -55,8 +55,7 @@ declarationExpression(const std::shared_ptr<TCExpression>& expression,
         value = TBF::makeShared<TCExpression>(std::u16string(part(text, record.valueRange)),
                                               expression->locale());
     auto declaration = TBF::makeShared<TCLineVariableDeclaration>(
-        record.equalsTokenIndex, record.nameRange, std::u16string(trimmed(part(text, record.nameRange))),
-        std::move(value));
+        record.equalsTokenIndex, record.nameRange, trimmed(part(text, record.nameRange)), std::move(value));
     return TBF::makeShared<TCVarDeclLineExpression>(expression, nullptr, std::move(declaration));
 }
 

@@ -20,7 +20,7 @@ TCLineCollectionVariable::variableWithName(TBF::Ref<TBF::String> name, std::shar
     foundation->setName(std::move(name));
     auto variable = std::make_shared<TCLineCollectionVariable>(Passkey(), std::move(foundation));
     variable->addOwnerLine(line, wholeRange);
-    variable->setLine(std::move(line));
+    if (line) variable->setLine(std::move(line));
     return variable;
 }
 
@@ -28,6 +28,15 @@ TCLineCollectionVariable::TCLineCollectionVariable(Passkey key, TBF::Ref<TBF::Va
     : TCVariable(key, std::move(variable)) {}
 
 TCLineCollectionVariable::~TCLineCollectionVariable() = default;
+
+TCLineCollectionVariable::Rare& TCLineCollectionVariable::madeRare() {
+    if (!rare) rare = std::make_unique<Rare>();
+    return *rare;
+}
+
+void TCLineCollectionVariable::setLine(std::shared_ptr<TCLine> line) {
+    madeRare().firstLine = std::move(line);
+}
 
 TCLineCollectionVariable::Several& TCLineCollectionVariable::several() {
     if (owners) return *owners;
@@ -97,8 +106,9 @@ TCLineCollectionVariable::OwnerLines TCLineCollectionVariable::ownerLines() cons
 }
 
 TCLineCollectionVariable::OwnerLines TCLineCollectionVariable::previousOwnerLines() const {
-    if (previous) return previous->owners;
-    return previousOnlyOwner ? OwnerLines{previousOnlyOwner} : OwnerLines();
+    if (!rare) return {};
+    if (rare->previous) return rare->previous->owners;
+    return rare->previousOnlyOwner ? OwnerLines{rare->previousOnlyOwner} : OwnerLines();
 }
 
 void TCLineCollectionVariable::addOwnerLine(const std::shared_ptr<TCLine>& line, TCRange lineIndexRange) {
@@ -148,16 +158,18 @@ std::shared_ptr<TCLine> TCLineCollectionVariable::ownerLineForLineAtIndex(std::s
 }
 
 void TCLineCollectionVariable::beginBatchOwnerLinesChange() {
-    previousOnlyOwner = onlyOwner;
-    previous = nullptr;
+    if (!rare && !onlyOwner && !owners) return;
+    madeRare().previousOnlyOwner = onlyOwner;
+    rare->previous = nullptr;
     if (!owners) return;
-    previous = std::make_unique<Several>();
-    previous->owners = owners->owners;
-    previous->ranges = owners->ranges;
+    rare->previous = std::make_unique<Several>();
+    rare->previous->owners = owners->owners;
+    rare->previous->ranges = owners->ranges;
 }
 
 bool TCLineCollectionVariable::ownsAsBefore() const {
-    if (!owners && !previous) return onlyOwner == previousOnlyOwner;
+    const Several* const previous = rare ? rare->previous.get() : nullptr;
+    if (!owners && !previous) return onlyOwner == (rare ? rare->previousOnlyOwner : nullptr);
     return owners && previous && owners->owners == previous->owners && owners->ranges == previous->ranges;
 }
 

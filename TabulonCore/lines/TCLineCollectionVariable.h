@@ -57,8 +57,8 @@ public:
     std::optional<TCRange> indexRangeForOwnerLine(const std::shared_ptr<TCLine>& line) const;
 
     // The line given at the making; may be null.
-    const std::shared_ptr<TCLine>& line() const { return firstLine; }
-    void setLine(std::shared_ptr<TCLine> line) { firstLine = std::move(line); }
+    std::shared_ptr<TCLine> line() const { return rare ? rare->firstLine : nullptr; }
+    void setLine(std::shared_ptr<TCLine> line);
 
 private:
     using Ranges = std::map<int64_t, std::shared_ptr<TCLine>>; // by first index; null rules nothing
@@ -85,8 +85,13 @@ private:
     std::shared_ptr<TCResult> onlyResult;
     std::unique_ptr<Several> owners; // null as long as the above serve
 
-    // Of the last change of owners, in either form.
-    std::shared_ptr<TCLine> previousOnlyOwner;
-    std::unique_ptr<Several> previous;
-    std::shared_ptr<TCLine> firstLine;
+    // What few names have: the line given at the making, and owners from before the last change of them, in
+    // either form.
+    struct Rare {
+        std::shared_ptr<TCLine> firstLine;
+        std::shared_ptr<TCLine> previousOnlyOwner;
+        std::unique_ptr<Several> previous;
+    };
+    Rare& madeRare();
+    std::unique_ptr<Rare> rare; // null as long as there is nothing of it
 };

@@ -30,13 +30,13 @@ void TCLineDeclarationIndex::update(const std::shared_ptr<TCLine>& line) {
         line->lineType() == TCLineTypeVariableDeclaration ? line->variableDeclaration() : nullptr;
     const auto known = nameByLine.find(line.get());
     if (known != nameByLine.end()) {
-        if (declaration && declaration->name() == known->second->first->view()) return;
+        if (declaration && declaration->sharedName()->view() == known->second->first->view()) return;
         remove(line);
     }
     if (!declaration) return;
-    auto place = linesByName.find(std::u16string_view(declaration->name()));
+    auto place = linesByName.find(declaration->sharedName()->view());
     if (place == linesByName.end())
-        place = linesByName.try_emplace(TBF::String::create(declaration->name())).first;
+        place = linesByName.try_emplace(declaration->sharedName()).first;
     LinesByName::value_type& named = *place;
     nameByLine.emplace(line.get(), &named);
     named.second.insert(line);

@@ -189,6 +189,10 @@ std::optional<std::u16string> TCResult::rawResult() const {
     return text ? std::optional(text->utf16()) : std::nullopt;
 }
 
+TBF::Ref<TBF::String> TCResult::completeText() const {
+    return foundationResult ? foundationResult->completeString() : nullptr;
+}
+
 std::optional<std::u16string> TCResult::completeStringValue() const {
     const TBF::String* const text = completeTextOf(foundationResult);
     return text ? std::optional(text->utf16()) : std::nullopt;

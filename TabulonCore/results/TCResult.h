@@ -76,6 +76,9 @@ public:
 
     // The text without idle zeros at its end; none without a value.
     std::optional<std::u16string> completeStringValue() const;
+
+    // The same text as the answer itself holds it; null without one.
+    TBF::Ref<TBF::String> completeText() const;
     bool isUnity() const; // the complete value is "1"
 
     // Digits in front of the point, at least 1.

@@ -170,20 +170,25 @@ bool TCVariable::setLocalizedValue(std::optional<std::u16string> text) {
 // all of it stands already, so it is always set.
 bool TCVariable::setDelocalizedValue(std::optional<std::u16string> text, uint32_t flags, Unit newUnit,
                                      TCRange scopeRange) {
-    if (text && text->empty()) text.reset();
+    setText(stringOf(text), flags, std::move(newUnit), scopeRange);
+    return true;
+}
+
+// The text may be shared with the answer that it comes from.
+void TCVariable::setText(TBF::Ref<TBF::String> text, uint32_t flags, Unit newUnit, TCRange scopeRange) {
+    if (text && text->isEmpty()) text.reset();
     const TBFRange scopes = scopesOf(scopeRange);
     const bool isLast = scopes.runsToEnd(); // the value that is told without a place
-    if (isLast && text != delocalizedValue()) setLocalizedText(std::nullopt);
-    foundationVariable->setValue(stringOf(text), flags & TBFResultFlagPercent, containerOf(newUnit), scopes);
+    if (isLast && textOf(text.get()) != delocalizedValue()) setLocalizedText(std::nullopt);
+    foundationVariable->setValue(std::move(text), flags & TBFResultFlagPercent, containerOf(newUnit), scopes);
     if (isLast) ownUnit = std::move(newUnit);
-    return true;
 }
 
 void TCVariable::setDelocalizedValueOfResult(const TCResult* result, TCRange scopeRange) {
     if (result)
-        setDelocalizedValue(result->completeStringValue(), result->flags(), result->unit(), scopeRange);
+        setText(result->completeText(), result->flags(), result->unit(), scopeRange);
     else
-        setDelocalizedValue(std::nullopt, 0, nullptr, scopeRange);
+        setText(nullptr, 0, nullptr, scopeRange);
 }
 
 void TCVariable::setResultValue(const TCResult* result) {

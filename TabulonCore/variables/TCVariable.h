@@ -147,6 +147,7 @@ protected:
     void setDelocalizedValueOfResult(const TCResult* result, TCRange scopeRange);
 
 private:
+    void setText(TBF::Ref<TBF::String> text, uint32_t flags, Unit newUnit, TCRange scopeRange);
     void setUnitNamed(std::u16string_view name);
     bool isNoNewLocale(TCSimpleLocale newLocale) const;
 

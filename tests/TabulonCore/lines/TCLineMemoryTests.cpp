@@ -56,7 +56,7 @@ TEST(TCLineMemory, a_line_keeps_its_text_and_its_answer_and_little_else) {
          }},
         {"arithmetic", 1024, 30'000,
          [](std::size_t i) { return std::to_string(i) + " * (3.5 + 12) - 10% + 20% of 50 / 7"; }},
-        {"a name", 1900, 20'000,
+        {"a name", 1750, 20'000,
          [](std::size_t i) { return "name" + std::to_string(i) + " = " + std::to_string(i); }},
         {"a reference", 2048, 20'000, [](std::size_t i) { return relative(-1) + " + " + std::to_string(i); }},
     };

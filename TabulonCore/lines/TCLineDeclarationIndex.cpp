@@ -35,8 +35,7 @@ void TCLineDeclarationIndex::update(const std::shared_ptr<TCLine>& line) {
     }
     if (!declaration) return;
     auto place = linesByName.find(declaration->sharedName()->view());
-    if (place == linesByName.end())
-        place = linesByName.try_emplace(declaration->sharedName()).first;
+    if (place == linesByName.end()) place = linesByName.try_emplace(declaration->sharedName()).first;
     LinesByName::value_type& named = *place;
     nameByLine.emplace(line.get(), &named);
     named.second.insert(line);
